@@ -1,0 +1,206 @@
+/*
+ * nuvs.h -- the public interface of libnuvsx7, a library of signal-processing primitives for
+ * x86-64 with AVX2 and FMA.  Usable from C and C++.
+ *
+ * Every export is declared here exactly once, as `NUVAPI <result> nuvs<Name>(<arguments>);`.
+ * The build derives the list of exported symbols and the slot table from these declarations,
+ * so a function is exported if and only if it is declared here.
+ */
+#ifndef NUVS_H
+#define NUVS_H
+
+#include <stdint.h>
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+#if defined(_WIN32)
+#define NUVAPI
+#else
+#define NUVAPI __attribute__((visibility("default")))
+#endif
+
+/* ---------------------------------------------------------------- element types */
+typedef uint8_t  Nuv8u;
+typedef int8_t   Nuv8s;
+typedef uint16_t Nuv16u;
+typedef int16_t  Nuv16s;
+typedef uint16_t Nuv16f;   /* half-precision float as its 16-bit word: 1 sign, 5 exponent, 10 fraction */
+typedef uint32_t Nuv32u;
+typedef int32_t  Nuv32s;
+typedef float    Nuv32f;
+typedef uint64_t Nuv64u;
+typedef int64_t  Nuv64s;
+typedef double   Nuv64f;
+
+typedef struct { Nuv8s  re, im; } Nuv8sc;
+typedef struct { Nuv16s re, im; } Nuv16sc;
+typedef struct { Nuv32s re, im; } Nuv32sc;
+typedef struct { Nuv64s re, im; } Nuv64sc;
+typedef struct { Nuv32f re, im; } Nuv32fc;
+typedef struct { Nuv64f re, im; } Nuv64fc;
+
+/* ---------------------------------------------------------------- status */
+/* Zero is success, negative values are errors (nothing was computed, or the operation stopped),
+ * positive values are warnings (the whole run completed and met the stated condition). */
+typedef int NuvStatus;
+
+enum {
+    nuvStsOk              = 0,
+    nuvStsSqrtNegArg      = 3,
+    nuvStsInvZeroWarn     = 4,
+    nuvStsDivByZeroWarn   = 6,
+    nuvStsLnZeroArg       = 7,
+    nuvStsLnNegArg        = 8,
+    nuvStsNotFiniteWarn   = 9,
+    nuvStsPackBitLen      = 27,
+    nuvStsBadArg          = -5,
+    nuvStsSize            = -6,
+    nuvStsCrossingKind    = -7,
+    nuvStsNullPtr         = -8,
+    nuvStsMemAlloc        = -9,
+    nuvStsDivByZero       = -10,
+    nuvStsCauchyConst     = -11,
+    nuvStsDataType        = -12,
+    nuvStsTapScale        = -13,
+    nuvStsFftOrder        = -15,
+    nuvStsFftFlag         = -16,
+    nuvStsContextMatch    = -17,
+    nuvStsLevelOrder      = -18,
+    nuvStsNegLevel        = -19,
+    nuvStsDelayIndex      = -24,
+    nuvStsIirOrder        = -25,
+    nuvStsFirLen          = -26,
+    nuvStsRelFreq         = -27,
+    nuvStsFirMrPhase      = -28,
+    nuvStsFirMrFactor     = -29,
+    nuvStsSamplePhase     = -30,
+    nuvStsSampleFactor    = -31,
+    nuvStsShift           = -32,
+    nuvStsWindowLen       = -33,
+    nuvStsWtOffset        = -35,
+    nuvStsJaehneMagn      = -38,
+    nuvStsKaiserAlpha     = -39,
+    nuvStsTriAsym         = -40,
+    nuvStsTriPhase        = -41,
+    nuvStsTriFreq         = -42,
+    nuvStsTriMagn         = -43,
+    nuvStsTonePhase       = -44,
+    nuvStsToneFreq        = -45,
+    nuvStsToneMagn        = -46,
+    nuvStsIirPOrder       = -47,
+    nuvStsIirPLen         = -53,
+    nuvStsDesignOrder     = -182,
+    nuvStsSparseTaps      = -194,
+    nuvStsDesignSingular  = -195,
+    nuvStsIirGenOrder     = -206,
+    nuvStsIirGenFreq      = -208,
+    nuvStsIirGenPassband  = -209,
+    nuvStsRoundMode       = -213,
+    nuvStsAlgType         = -228
+};
+
+/* ---------------------------------------------------------------- small enumerations */
+/* Rounding of float-to-integer results. */
+typedef int NuvRoundMode;
+enum {
+    nuvRndZero     = 0,   /* toward zero: the fraction is dropped */
+    nuvRndNear     = 1,   /* to nearest, ties to even */
+    nuvRndHalfAway = 2    /* to nearest, ties away from zero */
+};
+
+/* Comparison of the plain Threshold members. */
+typedef int NuvCmpOp;
+enum {
+    nuvCmpLess    = 0,    /* the level is a floor */
+    nuvCmpGreater = 4     /* the level is a ceiling */
+};
+
+/* Speed or accuracy hint. */
+typedef int NuvHintAlgorithm;
+enum {
+    nuvAlgHintNone     = 0,
+    nuvAlgHintFast     = 1,
+    nuvAlgHintAccurate = 2
+};
+
+/* Data-type codes of functions that serve several types. */
+typedef int NuvDataTypeCode;
+enum {
+    nuvDt32f  = 13,
+    nuvDt32fc = 14,
+    nuvDt64f  = 19,
+    nuvDt64fc = 20
+};
+
+/* Scale flags of the FFT and DFT initialisers; nothing else is accepted. */
+enum {
+    nuvFftScaleFwdByN  = 1,
+    nuvFftScaleInvByN  = 2,
+    nuvFftScaleBySqrtN = 4,
+    nuvFftScaleNone    = 8
+};
+
+/* ---------------------------------------------------------------- version record */
+typedef struct {
+    int         major;
+    int         minor;
+    int         majorBuild;
+    int         build;
+    char        targetCpu[4];
+    const char* Name;
+    const char* Version;
+    const char* BuildDate;
+} NuvLibraryVersion;
+
+/* Addresses of all exports, in byte order of their names. */
+NUVAPI extern const void* const NuvExportSlotTable[];
+
+/* ================================================================ library frame */
+NUVAPI const NuvLibraryVersion* nuvsGetLibVersion(void);
+
+/* ---------------------------------------------------------------- memory */
+/* Blocks aligned for the widest vector operation; release with nuvsFree.  len below 1 gives null. */
+NUVAPI Nuv8u*   nuvsMalloc_8u(int len);
+NUVAPI Nuv8s*   nuvsMalloc_8s(int len);
+NUVAPI Nuv16u*  nuvsMalloc_16u(int len);
+NUVAPI Nuv16s*  nuvsMalloc_16s(int len);
+NUVAPI Nuv8sc*  nuvsMalloc_8sc(int len);
+NUVAPI Nuv32u*  nuvsMalloc_32u(int len);
+NUVAPI Nuv32s*  nuvsMalloc_32s(int len);
+NUVAPI Nuv32f*  nuvsMalloc_32f(int len);
+NUVAPI Nuv16sc* nuvsMalloc_16sc(int len);
+NUVAPI Nuv64s*  nuvsMalloc_64s(int len);
+NUVAPI Nuv64f*  nuvsMalloc_64f(int len);
+NUVAPI Nuv32sc* nuvsMalloc_32sc(int len);
+NUVAPI Nuv32fc* nuvsMalloc_32fc(int len);
+NUVAPI Nuv64sc* nuvsMalloc_64sc(int len);
+NUVAPI Nuv64fc* nuvsMalloc_64fc(int len);
+NUVAPI void     nuvsFree(void* ptr);
+
+/* ================================================================ floating add, subtract, multiply */
+/* (section: arith_float) */
+
+/* ================================================================ fixed-point arithmetic with scale factor */
+/* (section: arith_sfs) */
+
+/* ================================================================ bit logic and shifts */
+/* (section: logic) */
+
+/* ================================================================ fill, copy and reorder */
+/* (section: move) */
+
+/* ================================================================ conversion */
+/* (section: convert) */
+
+/* ================================================================ complex and polar */
+/* (section: complex) */
+
+/* ================================================================ thresholds */
+/* (section: threshold) */
+
+#ifdef __cplusplus
+}
+#endif
+#endif /* NUVS_H */

@@ -1,0 +1,59 @@
+// The blocked loop of the element-wise families: a scalar zone for short runs, a zone without
+// alignment work, and above it a peel to a 32-byte boundary of the destination, blocks of
+// `block` elements, tail blocks of `tail` elements, then single elements, all ascending.
+#pragma once
+#include <cstddef>
+#include <cstdint>
+
+namespace nuv {
+
+struct BlockPlan {
+    int scalarBelow;   // below this length everything runs singly
+    int noPeelBelow;   // below this length the vector part starts at element 0
+    int block;         // elements per main step
+    int tail;          // elements per tail step: one vector register
+};
+
+//                                      scalar below, no peel below, block, tail
+inline constexpr BlockPlan kPlan4B      {16, 57, 16, 8};   // 32f
+inline constexpr BlockPlan kPlan4BInPl  {16, 33, 16, 8};   // 32f in place, AddProductC
+inline constexpr BlockPlan kPlan8B      {16, 29, 16, 4};   // 64f
+inline constexpr BlockPlan kPlan8BInPl  {16, 17, 16, 4};   // 64f in place
+inline constexpr BlockPlan kPlan8BCplx  { 8, 29,  8, 4};   // 32fc
+inline constexpr BlockPlan kPlan8BCplxI { 8, 17,  8, 4};   // 32fc in place
+inline constexpr BlockPlan kPlan16B     { 8, 15,  8, 2};   // 64fc
+inline constexpr BlockPlan kPlan16BInPl { 8,  9,  8, 2};   // 64fc in place
+
+// Runs `vec(i)` for `P.tail` elements at index i (a block is P.block / P.tail of them) and
+// `one(i)` for single elements, over [0, len).  `dst` decides the peel; ElemSize is its element
+// size in bytes.  A destination that is not element-aligned runs singly.
+template <BlockPlan P, size_t ElemSize, class Vec, class One>
+[[gnu::always_inline]] inline void blocked(const void* dst, int len, Vec&& vec, One&& one) {
+    static_assert(P.block % P.tail == 0);
+    int i = 0;
+    bool vector = false;
+    if (len >= P.scalarBelow) {
+        int peel = 0;
+        bool ok = true;
+        if (len >= P.noPeelBelow) {
+            const size_t r = reinterpret_cast<uintptr_t>(dst) % 32;
+            if (r % ElemSize) ok = false;
+            else peel = r ? int((32 - r) / ElemSize) : 0;
+            if (ok && len < peel + P.block) ok = false;
+        }
+        if (ok) {
+            for (; i < peel; ++i) one(i);
+            const int end = len - (len - peel) % P.block;
+            for (; i < end; i += P.block) {
+#pragma GCC unroll 8
+                for (int j = 0; j < P.block; j += P.tail) vec(i + j);
+            }
+            vector = true;
+        }
+    }
+    if (vector)
+        for (; len - i >= P.tail; i += P.tail) vec(i);
+    for (; i < len; ++i) one(i);
+}
+
+}  // namespace nuv

@@ -1,0 +1,211 @@
+// The exported surface: exactly the declared functions, the slot table in byte order of names,
+// and for every export that takes arrays the common argument checks (null pointers, then length)
+// with nothing written when they fail.
+#include <dlfcn.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <memory>
+#include <set>
+#include <sstream>
+#include <string>
+#include <tuple>
+#include <type_traits>
+#include <utility>
+
+#include "support/generic.h"
+#include "support/support.h"
+
+namespace {
+
+struct Export {
+    const char* name;
+    const char* params;
+};
+
+#define NUV_EXPORT(name, result, params) {#name, params},
+const Export kExports[] = {
+#include "exports.inc"
+};
+#undef NUV_EXPORT
+
+std::vector<std::string> paramNames(const std::string& params) {
+    std::vector<std::string> out;
+    std::stringstream ss(params);
+    std::string piece;
+    while (std::getline(ss, piece, ',')) {
+        size_t e = piece.find_last_not_of(" \t");
+        size_t b = piece.find_last_of(" *\t&", e);
+        out.push_back(piece.substr(b + 1, e - b));
+    }
+    return out;
+}
+
+TEST(Exports, DynamicSymbolsAreExactlyTheDeclaredOnes) {
+    std::set<std::string> declared;
+    for (const auto& e : kExports) declared.insert(e.name);
+    declared.insert("NuvExportSlotTable");
+
+    std::set<std::string> defined;
+    FILE* p = popen("nm -D --defined-only " NUVS_LIBRARY_PATH, "r");
+    ASSERT_NE(p, nullptr);
+    char line[512];
+    while (std::fgets(line, sizeof line, p)) {
+        std::string s(line);
+        s.erase(s.find_last_not_of("\r\n") + 1);
+        size_t sp = s.find_last_of(' ');
+        defined.insert(s.substr(sp + 1));
+    }
+    ASSERT_EQ(pclose(p), 0);
+    EXPECT_EQ(defined, declared);
+}
+
+TEST(Exports, SlotTableListsExportsInByteOrder) {
+    void* lib = dlopen(NUVS_LIBRARY_PATH, RTLD_NOW | RTLD_NOLOAD);
+    ASSERT_NE(lib, nullptr);
+    for (size_t i = 0; i < NUV_EXPORT_COUNT; ++i) {
+        if (i > 0) {
+            EXPECT_LT(std::strcmp(kExports[i - 1].name, kExports[i].name), 0);
+        }
+        EXPECT_EQ(NuvExportSlotTable[i], dlsym(lib, kExports[i].name)) << kExports[i].name;
+    }
+    dlclose(lib);
+}
+
+TEST(Exports, VersionRecord) {
+    const NuvLibraryVersion* v = nuvsGetLibVersion();
+    ASSERT_EQ(v, nuvsGetLibVersion());
+    EXPECT_EQ(v->major, 8);
+    EXPECT_EQ(v->minor, 1);
+    EXPECT_EQ(v->majorBuild, 1);
+    EXPECT_EQ(v->build, 42291);
+    EXPECT_EQ(std::memcmp(v->targetCpu, "x7\0\0", 4), 0);
+    EXPECT_STREQ(v->Name, "nuvSP AVX2 (x7)");
+    EXPECT_STREQ(v->Version, "8.1.1 (r42291)");
+    EXPECT_STREQ(v->BuildDate, "Apr 10 2014");
+}
+
+// ---- generic argument checks -------------------------------------------------------------
+
+// Arguments for one call: a guarded buffer behind every pointer, benign values for scalars.
+class Call {
+public:
+    Call(std::vector<std::string> names, int len, int nullIndex)
+        : names_(std::move(names)), len_(len), null_(nullIndex) {}
+
+    template <class A>
+    A arg(size_t i) {
+        const std::string& n = names_[i];
+        if constexpr (std::is_pointer_v<A>) {
+            if (int(i) == null_) return nullptr;
+            using P = std::remove_cv_t<std::remove_pointer_t<A>>;
+            auto& g = bufs_.emplace_back(std::make_unique<nt::Guarded>(256));
+            if constexpr (std::is_pointer_v<P>) {
+                // An array of channel pointers: each points to a guarded buffer of its own.
+                auto* slots = reinterpret_cast<void**>(g->data());
+                for (int c = 0; c < 4; ++c) slots[c] = bufs_.emplace_back(std::make_unique<nt::Guarded>(256))->data();
+                channelArrays_.push_back(g.get());
+            }
+            return reinterpret_cast<A>(g->data());
+        } else if constexpr (std::is_integral_v<A>) {
+            if (n == "len" || n == "srcLen" || n == "chanLen") return A(len_);
+            if (n == "nChannels") return A(len_ < 1 ? len_ : 2);
+            if (n == "rndMode") return A(1);
+            if (n == "relOp" || n == "scaleFactor" || n.find("ScaleFactor") != std::string::npos) return A(0);
+            if (n == "levelGT") return A(2);
+            if (n == "phaseFixedPoint" || n.find("Offset") != std::string::npos) return A(0);
+            return A(3);
+        } else if constexpr (std::is_floating_point_v<A>) {
+            if (n == "levelGT") return A(2);
+            return A(3);
+        } else {
+            A v{};
+            std::memset(&v, 3, sizeof v);
+            return v;
+        }
+    }
+
+    // Nothing written anywhere: every buffer still holds its fill pattern, except the slots of a
+    // channel-pointer array, which the test itself wrote.
+    bool nothingWritten() const {
+        for (const auto& b : bufs_) {
+            bool isChannelArray = std::find(channelArrays_.begin(), channelArrays_.end(), b.get()) != channelArrays_.end();
+            if (!isChannelArray && !b->intact(true)) return false;
+        }
+        return true;
+    }
+
+private:
+    std::vector<std::string> names_;
+    int len_, null_;
+    std::vector<std::unique_ptr<nt::Guarded>> bufs_;
+    std::vector<const nt::Guarded*> channelArrays_;
+};
+
+template <class... A, size_t... I>
+NuvStatus invoke(NuvStatus (*fn)(A...), Call& c, std::index_sequence<I...>) {
+    // Build arguments left to right, then call.
+    std::tuple<A...> args{c.template arg<A>(I)...};
+    return std::apply(fn, args);
+}
+
+struct Probe {
+    std::string name;
+    std::vector<std::string> params;
+    std::vector<int> pointerIndices;
+    std::function<NuvStatus(Call&)> run;
+};
+
+template <class... A>
+Probe makeProbe(const char* name, NuvStatus (*fn)(A...), const char* params) {
+    Probe p{name, paramNames(params), {}, [fn](Call& c) { return invoke(fn, c, std::index_sequence_for<A...>{}); }};
+    int i = 0;
+    ((std::is_pointer_v<A> ? p.pointerIndices.push_back(i++) : void(i++)), ...);
+    return p;
+}
+template <class R, class... A>
+Probe makeProbe(const char* name, R (*)(A...), const char*) {
+    return Probe{name, {}, {}, nullptr};  // not a status-returning export
+}
+
+std::vector<Probe> probes() {
+    std::vector<Probe> v;
+#define NUV_EXPORT(name, result, params) v.push_back(makeProbe(#name, &name, params));
+#include "exports.inc"
+#undef NUV_EXPORT
+    std::erase_if(v, [](const Probe& p) {
+        if (!p.run || p.pointerIndices.empty()) return true;
+        bool hasLen = std::any_of(p.params.begin(), p.params.end(),
+                                  [](const std::string& n) { return n == "len" || n == "srcLen" || n == "chanLen"; });
+        return !hasLen || (nt::genericRules().count(p.name) && (nt::genericRules()[p.name] & nt::SkipGeneric));
+    });
+    return v;
+}
+
+class GenericChecks : public ::testing::TestWithParam<Probe> {};
+
+TEST_P(GenericChecks, NullPointersThenLength) {
+    const Probe& p = GetParam();
+    const unsigned rule = nt::genericRules().count(p.name) ? nt::genericRules()[p.name] : 0;
+    for (int bad : {0, -1}) {
+        if (bad < 0 && (rule & nt::NoNegativeLen)) continue;
+        Call c(p.params, bad, -1);
+        EXPECT_EQ(p.run(c), nuvStsSize) << p.name << " len " << bad;
+        EXPECT_TRUE(c.nothingWritten()) << p.name << " len " << bad;
+    }
+    for (int idx : p.pointerIndices) {
+        if ((rule & nt::NullableSources) && p.params[size_t(idx)].rfind("pSrc", 0) == 0) continue;
+        for (int len : {0, 5}) {
+            if (len == 0 && (rule & nt::LenFirst)) continue;
+            Call c(p.params, len, idx);
+            EXPECT_EQ(p.run(c), nuvStsNullPtr) << p.name << " null " << p.params[size_t(idx)] << " len " << len;
+            EXPECT_TRUE(c.nothingWritten()) << p.name << " null " << p.params[size_t(idx)];
+        }
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(All, GenericChecks, ::testing::ValuesIn(probes()),
+                         [](const auto& probe) { return probe.param.name; });
+GTEST_ALLOW_UNINSTANTIATED_PARAMETERIZED_TEST(GenericChecks);
+
+}  // namespace
