@@ -190,6 +190,51 @@ NUVAPI void     nuvsFree(void* ptr);
 
 /* ================================================================ fill, copy and reorder */
 /* (section: move) */
+/* ---------------------------------------------------------------- zero, set, copy, move */
+NUVAPI NuvStatus nuvsZero_8u(Nuv8u* pDst, int len);
+NUVAPI NuvStatus nuvsZero_16s(Nuv16s* pDst, int len);
+NUVAPI NuvStatus nuvsZero_16sc(Nuv16sc* pDst, int len);
+NUVAPI NuvStatus nuvsZero_32f(Nuv32f* pDst, int len);
+NUVAPI NuvStatus nuvsZero_32fc(Nuv32fc* pDst, int len);
+NUVAPI NuvStatus nuvsZero_32s(Nuv32s* pDst, int len);
+NUVAPI NuvStatus nuvsZero_32sc(Nuv32sc* pDst, int len);
+NUVAPI NuvStatus nuvsZero_64f(Nuv64f* pDst, int len);
+NUVAPI NuvStatus nuvsZero_64fc(Nuv64fc* pDst, int len);
+NUVAPI NuvStatus nuvsZero_64s(Nuv64s* pDst, int len);
+NUVAPI NuvStatus nuvsZero_64sc(Nuv64sc* pDst, int len);
+NUVAPI NuvStatus nuvsSet_8u(Nuv8u val, Nuv8u* pDst, int len);
+NUVAPI NuvStatus nuvsSet_16s(Nuv16s val, Nuv16s* pDst, int len);
+NUVAPI NuvStatus nuvsSet_16sc(Nuv16sc val, Nuv16sc* pDst, int len);
+NUVAPI NuvStatus nuvsSet_32f(Nuv32f val, Nuv32f* pDst, int len);
+NUVAPI NuvStatus nuvsSet_32fc(Nuv32fc val, Nuv32fc* pDst, int len);
+NUVAPI NuvStatus nuvsSet_32s(Nuv32s val, Nuv32s* pDst, int len);
+NUVAPI NuvStatus nuvsSet_32sc(Nuv32sc val, Nuv32sc* pDst, int len);
+NUVAPI NuvStatus nuvsSet_64f(Nuv64f val, Nuv64f* pDst, int len);
+NUVAPI NuvStatus nuvsSet_64fc(Nuv64fc val, Nuv64fc* pDst, int len);
+NUVAPI NuvStatus nuvsSet_64s(Nuv64s val, Nuv64s* pDst, int len);
+NUVAPI NuvStatus nuvsSet_64sc(Nuv64sc val, Nuv64sc* pDst, int len);
+NUVAPI NuvStatus nuvsCopy_8u(const Nuv8u* pSrc, Nuv8u* pDst, int len);
+NUVAPI NuvStatus nuvsCopy_16s(const Nuv16s* pSrc, Nuv16s* pDst, int len);
+NUVAPI NuvStatus nuvsCopy_16sc(const Nuv16sc* pSrc, Nuv16sc* pDst, int len);
+NUVAPI NuvStatus nuvsCopy_32f(const Nuv32f* pSrc, Nuv32f* pDst, int len);
+NUVAPI NuvStatus nuvsCopy_32fc(const Nuv32fc* pSrc, Nuv32fc* pDst, int len);
+NUVAPI NuvStatus nuvsCopy_32s(const Nuv32s* pSrc, Nuv32s* pDst, int len);
+NUVAPI NuvStatus nuvsCopy_32sc(const Nuv32sc* pSrc, Nuv32sc* pDst, int len);
+NUVAPI NuvStatus nuvsCopy_64f(const Nuv64f* pSrc, Nuv64f* pDst, int len);
+NUVAPI NuvStatus nuvsCopy_64fc(const Nuv64fc* pSrc, Nuv64fc* pDst, int len);
+NUVAPI NuvStatus nuvsCopy_64s(const Nuv64s* pSrc, Nuv64s* pDst, int len);
+NUVAPI NuvStatus nuvsCopy_64sc(const Nuv64sc* pSrc, Nuv64sc* pDst, int len);
+NUVAPI NuvStatus nuvsMove_8u(const Nuv8u* pSrc, Nuv8u* pDst, int len);
+NUVAPI NuvStatus nuvsMove_16s(const Nuv16s* pSrc, Nuv16s* pDst, int len);
+NUVAPI NuvStatus nuvsMove_16sc(const Nuv16sc* pSrc, Nuv16sc* pDst, int len);
+NUVAPI NuvStatus nuvsMove_32f(const Nuv32f* pSrc, Nuv32f* pDst, int len);
+NUVAPI NuvStatus nuvsMove_32fc(const Nuv32fc* pSrc, Nuv32fc* pDst, int len);
+NUVAPI NuvStatus nuvsMove_32s(const Nuv32s* pSrc, Nuv32s* pDst, int len);
+NUVAPI NuvStatus nuvsMove_32sc(const Nuv32sc* pSrc, Nuv32sc* pDst, int len);
+NUVAPI NuvStatus nuvsMove_64f(const Nuv64f* pSrc, Nuv64f* pDst, int len);
+NUVAPI NuvStatus nuvsMove_64fc(const Nuv64fc* pSrc, Nuv64fc* pDst, int len);
+NUVAPI NuvStatus nuvsMove_64s(const Nuv64s* pSrc, Nuv64s* pDst, int len);
+NUVAPI NuvStatus nuvsMove_64sc(const Nuv64sc* pSrc, Nuv64sc* pDst, int len);
 
 /* ================================================================ conversion */
 /* (section: convert) */
