@@ -1,0 +1,44 @@
+#!/usr/bin/env python3
+"""Turn a Google Benchmark JSON run of rows <kernel>/<impl>/<len> into a markdown table of
+nuvs throughput and the ratio peer time / nuvs time (above 1.0: nuvs is faster)."""
+import json
+import sys
+from collections import defaultdict
+
+
+def main():
+    data = json.load(open(sys.argv[1]))
+    times = defaultdict(dict)  # (kernel, len) -> impl -> ns
+    for b in data['benchmarks']:
+        if b.get('run_type') == 'aggregate' and b.get('aggregate_name') != 'median':
+            continue
+        name = b.get('run_name', b['name'])
+        kernel, impl, length = name.split('/')[:3]
+        times[(kernel, int(length))][impl] = b['real_time']
+        if impl == 'nuvs':
+            times[(kernel, int(length))]['_gbs'] = b.get('bytes_per_second', 0) / 1e9
+    peers = sorted({i for t in times.values() for i in t if i not in ('nuvs', '_gbs')})
+    out = ['| kernel | len | nuvs GB/s | ' + ' | '.join(f'{p} ratio' for p in peers) + ' |',
+           '|---|---:|---:|' + '---:|' * len(peers)]
+    worst = []
+    for (kernel, length) in sorted(times, key=lambda k: (k[0], k[1])):
+        t = times[(kernel, length)]
+        if 'nuvs' not in t:
+            continue
+        cells = []
+        for p in peers:
+            if p in t:
+                r = t[p] / t['nuvs']
+                cells.append(f'{r:.2f}')
+                worst.append((r, kernel, length, p))
+            else:
+                cells.append('')
+        out.append(f'| {kernel} | {length} | {t["_gbs"]:.1f} | ' + ' | '.join(cells) + ' |')
+    print('\n'.join(out))
+    below = sorted(x for x in worst if x[0] < 1.0)
+    if below:
+        print('\nBelow 1.0: ' + ', '.join(f'{k}/{n} vs {p} {r:.2f}' for r, k, n, p in below))
+
+
+if __name__ == '__main__':
+    main()
