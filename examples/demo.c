@@ -53,9 +53,9 @@ int main(void) {
         return 1;
     }
 
-    /* Two tones at 440 Hz and 1 kHz, 48 kHz sampling, amplitude 0.6 and 0.5. */
+    /* Two tones at 440 Hz and 1 kHz, 48 kHz sampling, amplitude 0.8 and 0.5. */
     for (int i = 0; i < N; ++i) {
-        x[i] = 0.6f * (float)sin(2.0 * 3.141592653589793 * 440.0 * i / 48000.0);
+        x[i] = 0.8f * (float)sin(2.0 * 3.141592653589793 * 440.0 * i / 48000.0);
         y[i] = 0.5f * (float)sin(2.0 * 3.141592653589793 * 1000.0 * i / 48000.0);
     }
 
@@ -77,9 +77,13 @@ int main(void) {
     check(nuvsConvert_32f16s_Sfs(y, b, N, nuvRndNear, -15), "Convert_32f16s_Sfs");
     /* Gain 1.5 = 3 * 2^-1: the product is rounded and saturated, so peaks clip at 32767. */
     check(nuvsMulC_16s_Sfs(a, 3, c, N, 1), "MulC_16s_Sfs");
-    int clipped = 0;
-    for (int i = 0; i < N; ++i) clipped += c[i] == 32767 || c[i] == -32768;
-    printf("  peak in %d, after gain %d; %d of %d samples saturated\n", a[N / 4 > 27 ? 27 : 0], c[27], clipped, N);
+    int clipped = 0, peakIn = 0, peakOut = 0;
+    for (int i = 0; i < N; ++i) {
+        clipped += c[i] == 32767 || c[i] == -32768;
+        if (a[i] > peakIn) peakIn = a[i];
+        if (c[i] > peakOut) peakOut = c[i];
+    }
+    printf("  peak in %d, after gain %d; %d of %d samples saturated\n", peakIn, peakOut, clipped, N);
     /* Mix at half level: (a + b) / 2, the halving rounded to nearest even. */
     check(nuvsAdd_16s_Sfs(a, b, c, N, 1), "Add_16s_Sfs");
     check(nuvsConvert_16s32f_Sfs(c, z, N, 15), "Convert_16s32f_Sfs");
