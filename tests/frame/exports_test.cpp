@@ -182,6 +182,8 @@ std::vector<Probe> probes() {
     return v;
 }
 
+void PrintTo(const Probe& p, std::ostream* os) { *os << p.name; }
+
 class GenericChecks : public ::testing::TestWithParam<Probe> {};
 
 TEST_P(GenericChecks, NullPointersThenLength) {
