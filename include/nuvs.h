@@ -187,6 +187,68 @@ NUVAPI void     nuvsFree(void* ptr);
 
 /* ================================================================ bit logic and shifts */
 /* (section: logic) */
+/* ---------------------------------------------------------------- element-wise And, Or, Xor */
+NUVAPI NuvStatus nuvsAnd_8u(const Nuv8u* pSrc1, const Nuv8u* pSrc2, Nuv8u* pDst, int len);
+NUVAPI NuvStatus nuvsAnd_8u_I(const Nuv8u* pSrc, Nuv8u* pSrcDst, int len);
+NUVAPI NuvStatus nuvsAnd_16u(const Nuv16u* pSrc1, const Nuv16u* pSrc2, Nuv16u* pDst, int len);
+NUVAPI NuvStatus nuvsAnd_16u_I(const Nuv16u* pSrc, Nuv16u* pSrcDst, int len);
+NUVAPI NuvStatus nuvsAnd_32u(const Nuv32u* pSrc1, const Nuv32u* pSrc2, Nuv32u* pDst, int len);
+NUVAPI NuvStatus nuvsAnd_32u_I(const Nuv32u* pSrc, Nuv32u* pSrcDst, int len);
+NUVAPI NuvStatus nuvsOr_8u(const Nuv8u* pSrc1, const Nuv8u* pSrc2, Nuv8u* pDst, int len);
+NUVAPI NuvStatus nuvsOr_8u_I(const Nuv8u* pSrc, Nuv8u* pSrcDst, int len);
+NUVAPI NuvStatus nuvsOr_16u(const Nuv16u* pSrc1, const Nuv16u* pSrc2, Nuv16u* pDst, int len);
+NUVAPI NuvStatus nuvsOr_16u_I(const Nuv16u* pSrc, Nuv16u* pSrcDst, int len);
+NUVAPI NuvStatus nuvsOr_32u(const Nuv32u* pSrc1, const Nuv32u* pSrc2, Nuv32u* pDst, int len);
+NUVAPI NuvStatus nuvsOr_32u_I(const Nuv32u* pSrc, Nuv32u* pSrcDst, int len);
+NUVAPI NuvStatus nuvsXor_8u(const Nuv8u* pSrc1, const Nuv8u* pSrc2, Nuv8u* pDst, int len);
+NUVAPI NuvStatus nuvsXor_8u_I(const Nuv8u* pSrc, Nuv8u* pSrcDst, int len);
+NUVAPI NuvStatus nuvsXor_16u(const Nuv16u* pSrc1, const Nuv16u* pSrc2, Nuv16u* pDst, int len);
+NUVAPI NuvStatus nuvsXor_16u_I(const Nuv16u* pSrc, Nuv16u* pSrcDst, int len);
+NUVAPI NuvStatus nuvsXor_32u(const Nuv32u* pSrc1, const Nuv32u* pSrc2, Nuv32u* pDst, int len);
+NUVAPI NuvStatus nuvsXor_32u_I(const Nuv32u* pSrc, Nuv32u* pSrcDst, int len);
+/* ---------------------------------------------------------------- with a constant; 0 turns into Zero (AndC) or Copy */
+NUVAPI NuvStatus nuvsAndC_8u(const Nuv8u* pSrc, Nuv8u val, Nuv8u* pDst, int len);
+NUVAPI NuvStatus nuvsAndC_8u_I(Nuv8u val, Nuv8u* pSrcDst, int len);
+NUVAPI NuvStatus nuvsAndC_16u(const Nuv16u* pSrc, Nuv16u val, Nuv16u* pDst, int len);
+NUVAPI NuvStatus nuvsAndC_16u_I(Nuv16u val, Nuv16u* pSrcDst, int len);
+NUVAPI NuvStatus nuvsAndC_32u(const Nuv32u* pSrc, Nuv32u val, Nuv32u* pDst, int len);
+NUVAPI NuvStatus nuvsAndC_32u_I(Nuv32u val, Nuv32u* pSrcDst, int len);
+NUVAPI NuvStatus nuvsOrC_8u(const Nuv8u* pSrc, Nuv8u val, Nuv8u* pDst, int len);
+NUVAPI NuvStatus nuvsOrC_8u_I(Nuv8u val, Nuv8u* pSrcDst, int len);
+NUVAPI NuvStatus nuvsOrC_16u(const Nuv16u* pSrc, Nuv16u val, Nuv16u* pDst, int len);
+NUVAPI NuvStatus nuvsOrC_16u_I(Nuv16u val, Nuv16u* pSrcDst, int len);
+NUVAPI NuvStatus nuvsOrC_32u(const Nuv32u* pSrc, Nuv32u val, Nuv32u* pDst, int len);
+NUVAPI NuvStatus nuvsOrC_32u_I(Nuv32u val, Nuv32u* pSrcDst, int len);
+NUVAPI NuvStatus nuvsXorC_8u(const Nuv8u* pSrc, Nuv8u val, Nuv8u* pDst, int len);
+NUVAPI NuvStatus nuvsXorC_8u_I(Nuv8u val, Nuv8u* pSrcDst, int len);
+NUVAPI NuvStatus nuvsXorC_16u(const Nuv16u* pSrc, Nuv16u val, Nuv16u* pDst, int len);
+NUVAPI NuvStatus nuvsXorC_16u_I(Nuv16u val, Nuv16u* pSrcDst, int len);
+NUVAPI NuvStatus nuvsXorC_32u(const Nuv32u* pSrc, Nuv32u val, Nuv32u* pDst, int len);
+NUVAPI NuvStatus nuvsXorC_32u_I(Nuv32u val, Nuv32u* pSrcDst, int len);
+/* ---------------------------------------------------------------- complement: XorC with all ones */
+NUVAPI NuvStatus nuvsNot_8u(const Nuv8u* pSrc, Nuv8u* pDst, int len);
+NUVAPI NuvStatus nuvsNot_8u_I(Nuv8u* pSrcDst, int len);
+NUVAPI NuvStatus nuvsNot_16u(const Nuv16u* pSrc, Nuv16u* pDst, int len);
+NUVAPI NuvStatus nuvsNot_16u_I(Nuv16u* pSrcDst, int len);
+NUVAPI NuvStatus nuvsNot_32u(const Nuv32u* pSrc, Nuv32u* pDst, int len);
+NUVAPI NuvStatus nuvsNot_32u_I(Nuv32u* pSrcDst, int len);
+/* ---------------------------------------------------------------- shifts by a constant count; RShiftC of 16s and 32s is arithmetic */
+NUVAPI NuvStatus nuvsLShiftC_8u(const Nuv8u* pSrc, int val, Nuv8u* pDst, int len);
+NUVAPI NuvStatus nuvsLShiftC_8u_I(int val, Nuv8u* pSrcDst, int len);
+NUVAPI NuvStatus nuvsLShiftC_16u(const Nuv16u* pSrc, int val, Nuv16u* pDst, int len);
+NUVAPI NuvStatus nuvsLShiftC_16u_I(int val, Nuv16u* pSrcDst, int len);
+NUVAPI NuvStatus nuvsLShiftC_16s(const Nuv16s* pSrc, int val, Nuv16s* pDst, int len);
+NUVAPI NuvStatus nuvsLShiftC_16s_I(int val, Nuv16s* pSrcDst, int len);
+NUVAPI NuvStatus nuvsLShiftC_32s(const Nuv32s* pSrc, int val, Nuv32s* pDst, int len);
+NUVAPI NuvStatus nuvsLShiftC_32s_I(int val, Nuv32s* pSrcDst, int len);
+NUVAPI NuvStatus nuvsRShiftC_8u(const Nuv8u* pSrc, int val, Nuv8u* pDst, int len);
+NUVAPI NuvStatus nuvsRShiftC_8u_I(int val, Nuv8u* pSrcDst, int len);
+NUVAPI NuvStatus nuvsRShiftC_16u(const Nuv16u* pSrc, int val, Nuv16u* pDst, int len);
+NUVAPI NuvStatus nuvsRShiftC_16u_I(int val, Nuv16u* pSrcDst, int len);
+NUVAPI NuvStatus nuvsRShiftC_16s(const Nuv16s* pSrc, int val, Nuv16s* pDst, int len);
+NUVAPI NuvStatus nuvsRShiftC_16s_I(int val, Nuv16s* pSrcDst, int len);
+NUVAPI NuvStatus nuvsRShiftC_32s(const Nuv32s* pSrc, int val, Nuv32s* pDst, int len);
+NUVAPI NuvStatus nuvsRShiftC_32s_I(int val, Nuv32s* pSrcDst, int len);
 
 /* ================================================================ fill, copy and reorder */
 /* (section: move) */
