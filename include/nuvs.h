@@ -181,6 +181,99 @@ NUVAPI void     nuvsFree(void* ptr);
 
 /* ================================================================ floating add, subtract, multiply */
 /* (section: arith_float) */
+/* ---------------------------------------------------------------- add, subtract, multiply of two vectors */
+/* Sub computes the second source minus the first; Sub_I computes pSrcDst minus pSrc. */
+NUVAPI NuvStatus nuvsAdd_32f(const Nuv32f* pSrc1, const Nuv32f* pSrc2, Nuv32f* pDst, int len);
+NUVAPI NuvStatus nuvsAdd_32f_I(const Nuv32f* pSrc, Nuv32f* pSrcDst, int len);
+NUVAPI NuvStatus nuvsAdd_32fc(const Nuv32fc* pSrc1, const Nuv32fc* pSrc2, Nuv32fc* pDst, int len);
+NUVAPI NuvStatus nuvsAdd_32fc_I(const Nuv32fc* pSrc, Nuv32fc* pSrcDst, int len);
+NUVAPI NuvStatus nuvsAdd_64f(const Nuv64f* pSrc1, const Nuv64f* pSrc2, Nuv64f* pDst, int len);
+NUVAPI NuvStatus nuvsAdd_64f_I(const Nuv64f* pSrc, Nuv64f* pSrcDst, int len);
+NUVAPI NuvStatus nuvsAdd_64fc(const Nuv64fc* pSrc1, const Nuv64fc* pSrc2, Nuv64fc* pDst, int len);
+NUVAPI NuvStatus nuvsAdd_64fc_I(const Nuv64fc* pSrc, Nuv64fc* pSrcDst, int len);
+NUVAPI NuvStatus nuvsSub_32f(const Nuv32f* pSrc1, const Nuv32f* pSrc2, Nuv32f* pDst, int len);
+NUVAPI NuvStatus nuvsSub_32f_I(const Nuv32f* pSrc, Nuv32f* pSrcDst, int len);
+NUVAPI NuvStatus nuvsSub_32fc(const Nuv32fc* pSrc1, const Nuv32fc* pSrc2, Nuv32fc* pDst, int len);
+NUVAPI NuvStatus nuvsSub_32fc_I(const Nuv32fc* pSrc, Nuv32fc* pSrcDst, int len);
+NUVAPI NuvStatus nuvsSub_64f(const Nuv64f* pSrc1, const Nuv64f* pSrc2, Nuv64f* pDst, int len);
+NUVAPI NuvStatus nuvsSub_64f_I(const Nuv64f* pSrc, Nuv64f* pSrcDst, int len);
+NUVAPI NuvStatus nuvsSub_64fc(const Nuv64fc* pSrc1, const Nuv64fc* pSrc2, Nuv64fc* pDst, int len);
+NUVAPI NuvStatus nuvsSub_64fc_I(const Nuv64fc* pSrc, Nuv64fc* pSrcDst, int len);
+NUVAPI NuvStatus nuvsMul_32f(const Nuv32f* pSrc1, const Nuv32f* pSrc2, Nuv32f* pDst, int len);
+NUVAPI NuvStatus nuvsMul_32f_I(const Nuv32f* pSrc, Nuv32f* pSrcDst, int len);
+NUVAPI NuvStatus nuvsMul_32fc(const Nuv32fc* pSrc1, const Nuv32fc* pSrc2, Nuv32fc* pDst, int len);
+NUVAPI NuvStatus nuvsMul_32fc_I(const Nuv32fc* pSrc, Nuv32fc* pSrcDst, int len);
+NUVAPI NuvStatus nuvsMul_64f(const Nuv64f* pSrc1, const Nuv64f* pSrc2, Nuv64f* pDst, int len);
+NUVAPI NuvStatus nuvsMul_64f_I(const Nuv64f* pSrc, Nuv64f* pSrcDst, int len);
+NUVAPI NuvStatus nuvsMul_64fc(const Nuv64fc* pSrc1, const Nuv64fc* pSrc2, Nuv64fc* pDst, int len);
+NUVAPI NuvStatus nuvsMul_64fc_I(const Nuv64fc* pSrc, Nuv64fc* pSrcDst, int len);
+NUVAPI NuvStatus nuvsMul_32f32fc(const Nuv32f* pSrc1, const Nuv32fc* pSrc2, Nuv32fc* pDst, int len);
+NUVAPI NuvStatus nuvsMul_32f32fc_I(const Nuv32f* pSrc, Nuv32fc* pSrcDst, int len);
+/* ---------------------------------------------------------------- integer forms without scale */
+NUVAPI NuvStatus nuvsAdd_8u16u(const Nuv8u* pSrc1, const Nuv8u* pSrc2, Nuv16u* pDst, int len);
+NUVAPI NuvStatus nuvsAdd_16u(const Nuv16u* pSrc1, const Nuv16u* pSrc2, Nuv16u* pDst, int len);
+NUVAPI NuvStatus nuvsAdd_32u(const Nuv32u* pSrc1, const Nuv32u* pSrc2, Nuv32u* pDst, int len);
+NUVAPI NuvStatus nuvsAdd_16s32s_I(const Nuv16s* pSrc, Nuv32s* pSrcDst, int len);
+NUVAPI NuvStatus nuvsAdd_16s32f(const Nuv16s* pSrc1, const Nuv16s* pSrc2, Nuv32f* pDst, int len);
+NUVAPI NuvStatus nuvsSub_16s32f(const Nuv16s* pSrc1, const Nuv16s* pSrc2, Nuv32f* pDst, int len);
+NUVAPI NuvStatus nuvsMul_16s32f(const Nuv16s* pSrc1, const Nuv16s* pSrc2, Nuv32f* pDst, int len);
+NUVAPI NuvStatus nuvsMul_8u16u(const Nuv8u* pSrc1, const Nuv8u* pSrc2, Nuv16u* pDst, int len);
+/* ---------------------------------------------------------------- operations with a constant */
+NUVAPI NuvStatus nuvsAddC_32f(const Nuv32f* pSrc, Nuv32f val, Nuv32f* pDst, int len);
+NUVAPI NuvStatus nuvsAddC_32f_I(Nuv32f val, Nuv32f* pSrcDst, int len);
+NUVAPI NuvStatus nuvsAddC_32fc(const Nuv32fc* pSrc, Nuv32fc val, Nuv32fc* pDst, int len);
+NUVAPI NuvStatus nuvsAddC_32fc_I(Nuv32fc val, Nuv32fc* pSrcDst, int len);
+NUVAPI NuvStatus nuvsAddC_64f(const Nuv64f* pSrc, Nuv64f val, Nuv64f* pDst, int len);
+NUVAPI NuvStatus nuvsAddC_64f_I(Nuv64f val, Nuv64f* pSrcDst, int len);
+NUVAPI NuvStatus nuvsAddC_64fc(const Nuv64fc* pSrc, Nuv64fc val, Nuv64fc* pDst, int len);
+NUVAPI NuvStatus nuvsAddC_64fc_I(Nuv64fc val, Nuv64fc* pSrcDst, int len);
+NUVAPI NuvStatus nuvsSubC_32f(const Nuv32f* pSrc, Nuv32f val, Nuv32f* pDst, int len);
+NUVAPI NuvStatus nuvsSubC_32f_I(Nuv32f val, Nuv32f* pSrcDst, int len);
+NUVAPI NuvStatus nuvsSubC_32fc(const Nuv32fc* pSrc, Nuv32fc val, Nuv32fc* pDst, int len);
+NUVAPI NuvStatus nuvsSubC_32fc_I(Nuv32fc val, Nuv32fc* pSrcDst, int len);
+NUVAPI NuvStatus nuvsSubC_64f(const Nuv64f* pSrc, Nuv64f val, Nuv64f* pDst, int len);
+NUVAPI NuvStatus nuvsSubC_64f_I(Nuv64f val, Nuv64f* pSrcDst, int len);
+NUVAPI NuvStatus nuvsSubC_64fc(const Nuv64fc* pSrc, Nuv64fc val, Nuv64fc* pDst, int len);
+NUVAPI NuvStatus nuvsSubC_64fc_I(Nuv64fc val, Nuv64fc* pSrcDst, int len);
+NUVAPI NuvStatus nuvsSubCRev_32f(const Nuv32f* pSrc, Nuv32f val, Nuv32f* pDst, int len);
+NUVAPI NuvStatus nuvsSubCRev_32f_I(Nuv32f val, Nuv32f* pSrcDst, int len);
+NUVAPI NuvStatus nuvsSubCRev_32fc(const Nuv32fc* pSrc, Nuv32fc val, Nuv32fc* pDst, int len);
+NUVAPI NuvStatus nuvsSubCRev_32fc_I(Nuv32fc val, Nuv32fc* pSrcDst, int len);
+NUVAPI NuvStatus nuvsSubCRev_64f(const Nuv64f* pSrc, Nuv64f val, Nuv64f* pDst, int len);
+NUVAPI NuvStatus nuvsSubCRev_64f_I(Nuv64f val, Nuv64f* pSrcDst, int len);
+NUVAPI NuvStatus nuvsSubCRev_64fc(const Nuv64fc* pSrc, Nuv64fc val, Nuv64fc* pDst, int len);
+NUVAPI NuvStatus nuvsSubCRev_64fc_I(Nuv64fc val, Nuv64fc* pSrcDst, int len);
+NUVAPI NuvStatus nuvsMulC_32f(const Nuv32f* pSrc, Nuv32f val, Nuv32f* pDst, int len);
+NUVAPI NuvStatus nuvsMulC_32f_I(Nuv32f val, Nuv32f* pSrcDst, int len);
+NUVAPI NuvStatus nuvsMulC_32fc(const Nuv32fc* pSrc, Nuv32fc val, Nuv32fc* pDst, int len);
+NUVAPI NuvStatus nuvsMulC_32fc_I(Nuv32fc val, Nuv32fc* pSrcDst, int len);
+NUVAPI NuvStatus nuvsMulC_64f(const Nuv64f* pSrc, Nuv64f val, Nuv64f* pDst, int len);
+NUVAPI NuvStatus nuvsMulC_64f_I(Nuv64f val, Nuv64f* pSrcDst, int len);
+NUVAPI NuvStatus nuvsMulC_64fc(const Nuv64fc* pSrc, Nuv64fc val, Nuv64fc* pDst, int len);
+NUVAPI NuvStatus nuvsMulC_64fc_I(Nuv64fc val, Nuv64fc* pSrcDst, int len);
+/* ---------------------------------------------------------------- accumulate a product */
+NUVAPI NuvStatus nuvsAddProduct_32f(const Nuv32f* pSrc1, const Nuv32f* pSrc2, Nuv32f* pSrcDst, int len);
+NUVAPI NuvStatus nuvsAddProduct_32fc(const Nuv32fc* pSrc1, const Nuv32fc* pSrc2, Nuv32fc* pSrcDst, int len);
+NUVAPI NuvStatus nuvsAddProduct_64f(const Nuv64f* pSrc1, const Nuv64f* pSrc2, Nuv64f* pSrcDst, int len);
+NUVAPI NuvStatus nuvsAddProduct_64fc(const Nuv64fc* pSrc1, const Nuv64fc* pSrc2, Nuv64fc* pSrcDst, int len);
+NUVAPI NuvStatus nuvsAddProductC_32f(const Nuv32f* pSrc, Nuv32f val, Nuv32f* pSrcDst, int len);
+/* ---------------------------------------------------------------- absolute value, square */
+NUVAPI NuvStatus nuvsAbs_16s(const Nuv16s* pSrc, Nuv16s* pDst, int len);
+NUVAPI NuvStatus nuvsAbs_16s_I(Nuv16s* pSrcDst, int len);
+NUVAPI NuvStatus nuvsAbs_32s(const Nuv32s* pSrc, Nuv32s* pDst, int len);
+NUVAPI NuvStatus nuvsAbs_32s_I(Nuv32s* pSrcDst, int len);
+NUVAPI NuvStatus nuvsAbs_32f(const Nuv32f* pSrc, Nuv32f* pDst, int len);
+NUVAPI NuvStatus nuvsAbs_32f_I(Nuv32f* pSrcDst, int len);
+NUVAPI NuvStatus nuvsAbs_64f(const Nuv64f* pSrc, Nuv64f* pDst, int len);
+NUVAPI NuvStatus nuvsAbs_64f_I(Nuv64f* pSrcDst, int len);
+NUVAPI NuvStatus nuvsSqr_32f(const Nuv32f* pSrc, Nuv32f* pDst, int len);
+NUVAPI NuvStatus nuvsSqr_32f_I(Nuv32f* pSrcDst, int len);
+NUVAPI NuvStatus nuvsSqr_32fc(const Nuv32fc* pSrc, Nuv32fc* pDst, int len);
+NUVAPI NuvStatus nuvsSqr_32fc_I(Nuv32fc* pSrcDst, int len);
+NUVAPI NuvStatus nuvsSqr_64f(const Nuv64f* pSrc, Nuv64f* pDst, int len);
+NUVAPI NuvStatus nuvsSqr_64f_I(Nuv64f* pSrcDst, int len);
+NUVAPI NuvStatus nuvsSqr_64fc(const Nuv64fc* pSrc, Nuv64fc* pDst, int len);
+NUVAPI NuvStatus nuvsSqr_64fc_I(Nuv64fc* pSrcDst, int len);
 
 /* ================================================================ fixed-point arithmetic with scale factor */
 /* (section: arith_sfs) */
