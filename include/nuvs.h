@@ -277,6 +277,84 @@ NUVAPI NuvStatus nuvsSqr_64fc_I(Nuv64fc* pSrcDst, int len);
 
 /* ================================================================ fixed-point arithmetic with scale factor */
 /* (section: arith_sfs) */
+/* ---------------------------------------------------------------- add and subtract */
+/* Exact result times 2^-scaleFactor, rounded to nearest with ties to even, saturated. */
+/* pDst = pSrc1 + pSrc2 */
+NUVAPI NuvStatus nuvsAdd_8u_Sfs(const Nuv8u* pSrc1, const Nuv8u* pSrc2, Nuv8u* pDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsAdd_8u_ISfs(const Nuv8u* pSrc, Nuv8u* pSrcDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsAdd_16s_Sfs(const Nuv16s* pSrc1, const Nuv16s* pSrc2, Nuv16s* pDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsAdd_16s_ISfs(const Nuv16s* pSrc, Nuv16s* pSrcDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsAdd_16u_Sfs(const Nuv16u* pSrc1, const Nuv16u* pSrc2, Nuv16u* pDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsAdd_16u_ISfs(const Nuv16u* pSrc, Nuv16u* pSrcDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsAdd_32s_Sfs(const Nuv32s* pSrc1, const Nuv32s* pSrc2, Nuv32s* pDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsAdd_32s_ISfs(const Nuv32s* pSrc, Nuv32s* pSrcDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsAdd_16sc_Sfs(const Nuv16sc* pSrc1, const Nuv16sc* pSrc2, Nuv16sc* pDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsAdd_16sc_ISfs(const Nuv16sc* pSrc, Nuv16sc* pSrcDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsAdd_32sc_Sfs(const Nuv32sc* pSrc1, const Nuv32sc* pSrc2, Nuv32sc* pDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsAdd_32sc_ISfs(const Nuv32sc* pSrc, Nuv32sc* pSrcDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsAdd_64s_Sfs(const Nuv64s* pSrc1, const Nuv64s* pSrc2, Nuv64s* pDst, int len, int scaleFactor);
+/* pDst = pSrc2 - pSrc1: the second source is the minuend */
+NUVAPI NuvStatus nuvsSub_8u_Sfs(const Nuv8u* pSrc1, const Nuv8u* pSrc2, Nuv8u* pDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsSub_8u_ISfs(const Nuv8u* pSrc, Nuv8u* pSrcDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsSub_16s_Sfs(const Nuv16s* pSrc1, const Nuv16s* pSrc2, Nuv16s* pDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsSub_16s_ISfs(const Nuv16s* pSrc, Nuv16s* pSrcDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsSub_16u_Sfs(const Nuv16u* pSrc1, const Nuv16u* pSrc2, Nuv16u* pDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsSub_16u_ISfs(const Nuv16u* pSrc, Nuv16u* pSrcDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsSub_32s_Sfs(const Nuv32s* pSrc1, const Nuv32s* pSrc2, Nuv32s* pDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsSub_32s_ISfs(const Nuv32s* pSrc, Nuv32s* pSrcDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsSub_16sc_Sfs(const Nuv16sc* pSrc1, const Nuv16sc* pSrc2, Nuv16sc* pDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsSub_16sc_ISfs(const Nuv16sc* pSrc, Nuv16sc* pSrcDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsSub_32sc_Sfs(const Nuv32sc* pSrc1, const Nuv32sc* pSrc2, Nuv32sc* pDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsSub_32sc_ISfs(const Nuv32sc* pSrc, Nuv32sc* pSrcDst, int len, int scaleFactor);
+/* pDst = pSrc + val */
+NUVAPI NuvStatus nuvsAddC_8u_Sfs(const Nuv8u* pSrc, Nuv8u val, Nuv8u* pDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsAddC_8u_ISfs(Nuv8u val, Nuv8u* pSrcDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsAddC_16s_Sfs(const Nuv16s* pSrc, Nuv16s val, Nuv16s* pDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsAddC_16s_ISfs(Nuv16s val, Nuv16s* pSrcDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsAddC_16u_Sfs(const Nuv16u* pSrc, Nuv16u val, Nuv16u* pDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsAddC_16u_ISfs(Nuv16u val, Nuv16u* pSrcDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsAddC_32s_Sfs(const Nuv32s* pSrc, Nuv32s val, Nuv32s* pDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsAddC_32s_ISfs(Nuv32s val, Nuv32s* pSrcDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsAddC_16sc_Sfs(const Nuv16sc* pSrc, Nuv16sc val, Nuv16sc* pDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsAddC_16sc_ISfs(Nuv16sc val, Nuv16sc* pSrcDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsAddC_32sc_Sfs(const Nuv32sc* pSrc, Nuv32sc val, Nuv32sc* pDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsAddC_32sc_ISfs(Nuv32sc val, Nuv32sc* pSrcDst, int len, int scaleFactor);
+/* len counts as unsigned (only 0 is refused); rndMode 1: ties to even, 0: toward zero, other: ties away from zero */
+NUVAPI NuvStatus nuvsAddC_64s_Sfs(const Nuv64s* pSrc, Nuv64s val, Nuv64s* pDst, int len, int scaleFactor, int rndMode);
+NUVAPI NuvStatus nuvsAddC_64u_Sfs(const Nuv64u* pSrc, Nuv64u val, Nuv64u* pDst, int len, int scaleFactor, int rndMode);
+/* pDst = pSrc - val */
+NUVAPI NuvStatus nuvsSubC_8u_Sfs(const Nuv8u* pSrc, Nuv8u val, Nuv8u* pDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsSubC_8u_ISfs(Nuv8u val, Nuv8u* pSrcDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsSubC_16s_Sfs(const Nuv16s* pSrc, Nuv16s val, Nuv16s* pDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsSubC_16s_ISfs(Nuv16s val, Nuv16s* pSrcDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsSubC_16u_Sfs(const Nuv16u* pSrc, Nuv16u val, Nuv16u* pDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsSubC_16u_ISfs(Nuv16u val, Nuv16u* pSrcDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsSubC_32s_Sfs(const Nuv32s* pSrc, Nuv32s val, Nuv32s* pDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsSubC_32s_ISfs(Nuv32s val, Nuv32s* pSrcDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsSubC_16sc_Sfs(const Nuv16sc* pSrc, Nuv16sc val, Nuv16sc* pDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsSubC_16sc_ISfs(Nuv16sc val, Nuv16sc* pSrcDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsSubC_32sc_Sfs(const Nuv32sc* pSrc, Nuv32sc val, Nuv32sc* pDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsSubC_32sc_ISfs(Nuv32sc val, Nuv32sc* pSrcDst, int len, int scaleFactor);
+/* pDst = val - pSrc */
+NUVAPI NuvStatus nuvsSubCRev_8u_Sfs(const Nuv8u* pSrc, Nuv8u val, Nuv8u* pDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsSubCRev_8u_ISfs(Nuv8u val, Nuv8u* pSrcDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsSubCRev_16s_Sfs(const Nuv16s* pSrc, Nuv16s val, Nuv16s* pDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsSubCRev_16s_ISfs(Nuv16s val, Nuv16s* pSrcDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsSubCRev_16u_Sfs(const Nuv16u* pSrc, Nuv16u val, Nuv16u* pDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsSubCRev_16u_ISfs(Nuv16u val, Nuv16u* pSrcDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsSubCRev_32s_Sfs(const Nuv32s* pSrc, Nuv32s val, Nuv32s* pDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsSubCRev_32s_ISfs(Nuv32s val, Nuv32s* pSrcDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsSubCRev_16sc_Sfs(const Nuv16sc* pSrc, Nuv16sc val, Nuv16sc* pDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsSubCRev_16sc_ISfs(Nuv16sc val, Nuv16sc* pSrcDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsSubCRev_32sc_Sfs(const Nuv32sc* pSrc, Nuv32sc val, Nuv32sc* pDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsSubCRev_32sc_ISfs(Nuv32sc val, Nuv32sc* pSrcDst, int len, int scaleFactor);
+/* 16s at scale 0 */
+NUVAPI NuvStatus nuvsAdd_16s(const Nuv16s* pSrc1, const Nuv16s* pSrc2, Nuv16s* pDst, int len);
+NUVAPI NuvStatus nuvsAdd_16s_I(const Nuv16s* pSrc, Nuv16s* pSrcDst, int len);
+NUVAPI NuvStatus nuvsAddC_16s_I(Nuv16s val, Nuv16s* pSrcDst, int len);
+NUVAPI NuvStatus nuvsSub_16s(const Nuv16s* pSrc1, const Nuv16s* pSrc2, Nuv16s* pDst, int len);
+NUVAPI NuvStatus nuvsSub_16s_I(const Nuv16s* pSrc, Nuv16s* pSrcDst, int len);
+NUVAPI NuvStatus nuvsSubC_16s_I(Nuv16s val, Nuv16s* pSrcDst, int len);
 
 /* ================================================================ bit logic and shifts */
 /* (section: logic) */
