@@ -468,6 +468,36 @@ NUVAPI NuvStatus nuvsMove_64f(const Nuv64f* pSrc, Nuv64f* pDst, int len);
 NUVAPI NuvStatus nuvsMove_64fc(const Nuv64fc* pSrc, Nuv64fc* pDst, int len);
 NUVAPI NuvStatus nuvsMove_64s(const Nuv64s* pSrc, Nuv64s* pDst, int len);
 NUVAPI NuvStatus nuvsMove_64sc(const Nuv64sc* pSrc, Nuv64sc* pDst, int len);
+/* ---------------------------------------------------------------- flip: element order reversed */
+NUVAPI NuvStatus nuvsFlip_8u(const Nuv8u* pSrc, Nuv8u* pDst, int len);
+NUVAPI NuvStatus nuvsFlip_8u_I(Nuv8u* pSrcDst, int len);
+NUVAPI NuvStatus nuvsFlip_16u(const Nuv16u* pSrc, Nuv16u* pDst, int len);
+NUVAPI NuvStatus nuvsFlip_16u_I(Nuv16u* pSrcDst, int len);
+NUVAPI NuvStatus nuvsFlip_32f(const Nuv32f* pSrc, Nuv32f* pDst, int len);
+NUVAPI NuvStatus nuvsFlip_32f_I(Nuv32f* pSrcDst, int len);
+NUVAPI NuvStatus nuvsFlip_32fc(const Nuv32fc* pSrc, Nuv32fc* pDst, int len);
+NUVAPI NuvStatus nuvsFlip_32fc_I(Nuv32fc* pSrcDst, int len);
+NUVAPI NuvStatus nuvsFlip_64f(const Nuv64f* pSrc, Nuv64f* pDst, int len);
+NUVAPI NuvStatus nuvsFlip_64f_I(Nuv64f* pSrcDst, int len);
+NUVAPI NuvStatus nuvsFlip_64fc(const Nuv64fc* pSrc, Nuv64fc* pDst, int len);
+NUVAPI NuvStatus nuvsFlip_64fc_I(Nuv64fc* pSrcDst, int len);
+/* ---------------------------------------------------------------- swap bytes: byte order within each element */
+NUVAPI NuvStatus nuvsSwapBytes_16u(const Nuv16u* pSrc, Nuv16u* pDst, int len);
+NUVAPI NuvStatus nuvsSwapBytes_16u_I(Nuv16u* pSrcDst, int len);
+NUVAPI NuvStatus nuvsSwapBytes_24u(const Nuv8u* pSrc, Nuv8u* pDst, int len);
+NUVAPI NuvStatus nuvsSwapBytes_24u_I(Nuv8u* pSrcDst, int len);
+NUVAPI NuvStatus nuvsSwapBytes_32u(const Nuv32u* pSrc, Nuv32u* pDst, int len);
+NUVAPI NuvStatus nuvsSwapBytes_32u_I(Nuv32u* pSrcDst, int len);
+NUVAPI NuvStatus nuvsSwapBytes_64u(const Nuv64u* pSrc, Nuv64u* pDst, int len);
+NUVAPI NuvStatus nuvsSwapBytes_64u_I(Nuv64u* pSrcDst, int len);
+/* ---------------------------------------------------------------- bit strings: offsets and len in bits */
+/* Copy_1u and CopyLE_1u number bits from the top of each byte, CopyBE_1u from the bottom. */
+NUVAPI NuvStatus nuvsCopy_1u(const Nuv8u* pSrc, int srcBitOffset, Nuv8u* pDst, int dstBitOffset, int len);
+NUVAPI NuvStatus nuvsCopyBE_1u(const Nuv8u* pSrc, int srcBitOffset, Nuv8u* pDst, int dstBitOffset, int len);
+NUVAPI NuvStatus nuvsCopyLE_1u(const Nuv8u* pSrc, int srcBitOffset, Nuv8u* pDst, int dstBitOffset, int len);
+/* Appends the low pSrcBitsLen[i] bits of each word to a bit stream; the count of bits through pDstLenBits. */
+NUVAPI NuvStatus nuvsPackBits_32u8u(const Nuv32u* pSrc, const int* pSrcBitsLen, int srcLen, Nuv8u* pDst,
+                                    int dstBitOffset, int* pDstLenBits);
 
 /* ================================================================ conversion */
 /* (section: convert) */
