@@ -507,6 +507,111 @@ NUVAPI NuvStatus nuvsPackBits_32u8u(const Nuv32u* pSrc, const int* pSrcBitsLen, 
 
 /* ================================================================ thresholds */
 /* (section: threshold) */
+/* plain: level as a floor (relOp 0) or a ceiling (relOp 4) */
+NUVAPI NuvStatus nuvsThreshold_16s(const Nuv16s* pSrc, Nuv16s* pDst, int len, Nuv16s level, NuvCmpOp relOp);
+NUVAPI NuvStatus nuvsThreshold_16s_I(Nuv16s* pSrcDst, int len, Nuv16s level, NuvCmpOp relOp);
+NUVAPI NuvStatus nuvsThreshold_16sc(const Nuv16sc* pSrc, Nuv16sc* pDst, int len, Nuv16s level, NuvCmpOp relOp);
+NUVAPI NuvStatus nuvsThreshold_16sc_I(Nuv16sc* pSrcDst, int len, Nuv16s level, NuvCmpOp relOp);
+NUVAPI NuvStatus nuvsThreshold_32f(const Nuv32f* pSrc, Nuv32f* pDst, int len, Nuv32f level, NuvCmpOp relOp);
+NUVAPI NuvStatus nuvsThreshold_32f_I(Nuv32f* pSrcDst, int len, Nuv32f level, NuvCmpOp relOp);
+NUVAPI NuvStatus nuvsThreshold_32fc(const Nuv32fc* pSrc, Nuv32fc* pDst, int len, Nuv32f level, NuvCmpOp relOp);
+NUVAPI NuvStatus nuvsThreshold_32fc_I(Nuv32fc* pSrcDst, int len, Nuv32f level, NuvCmpOp relOp);
+NUVAPI NuvStatus nuvsThreshold_64f(const Nuv64f* pSrc, Nuv64f* pDst, int len, Nuv64f level, NuvCmpOp relOp);
+NUVAPI NuvStatus nuvsThreshold_64f_I(Nuv64f* pSrcDst, int len, Nuv64f level, NuvCmpOp relOp);
+NUVAPI NuvStatus nuvsThreshold_64fc(const Nuv64fc* pSrc, Nuv64fc* pDst, int len, Nuv64f level, NuvCmpOp relOp);
+NUVAPI NuvStatus nuvsThreshold_64fc_I(Nuv64fc* pSrcDst, int len, Nuv64f level, NuvCmpOp relOp);
+/* LT: the level is a floor */
+NUVAPI NuvStatus nuvsThreshold_LT_16s(const Nuv16s* pSrc, Nuv16s* pDst, int len, Nuv16s level);
+NUVAPI NuvStatus nuvsThreshold_LT_16s_I(Nuv16s* pSrcDst, int len, Nuv16s level);
+NUVAPI NuvStatus nuvsThreshold_LT_16sc(const Nuv16sc* pSrc, Nuv16sc* pDst, int len, Nuv16s level);
+NUVAPI NuvStatus nuvsThreshold_LT_16sc_I(Nuv16sc* pSrcDst, int len, Nuv16s level);
+NUVAPI NuvStatus nuvsThreshold_LT_32f(const Nuv32f* pSrc, Nuv32f* pDst, int len, Nuv32f level);
+NUVAPI NuvStatus nuvsThreshold_LT_32f_I(Nuv32f* pSrcDst, int len, Nuv32f level);
+NUVAPI NuvStatus nuvsThreshold_LT_32fc(const Nuv32fc* pSrc, Nuv32fc* pDst, int len, Nuv32f level);
+NUVAPI NuvStatus nuvsThreshold_LT_32fc_I(Nuv32fc* pSrcDst, int len, Nuv32f level);
+NUVAPI NuvStatus nuvsThreshold_LT_32s(const Nuv32s* pSrc, Nuv32s* pDst, int len, Nuv32s level);
+NUVAPI NuvStatus nuvsThreshold_LT_32s_I(Nuv32s* pSrcDst, int len, Nuv32s level);
+NUVAPI NuvStatus nuvsThreshold_LT_64f(const Nuv64f* pSrc, Nuv64f* pDst, int len, Nuv64f level);
+NUVAPI NuvStatus nuvsThreshold_LT_64f_I(Nuv64f* pSrcDst, int len, Nuv64f level);
+NUVAPI NuvStatus nuvsThreshold_LT_64fc(const Nuv64fc* pSrc, Nuv64fc* pDst, int len, Nuv64f level);
+NUVAPI NuvStatus nuvsThreshold_LT_64fc_I(Nuv64fc* pSrcDst, int len, Nuv64f level);
+/* GT: the level is a ceiling */
+NUVAPI NuvStatus nuvsThreshold_GT_16s(const Nuv16s* pSrc, Nuv16s* pDst, int len, Nuv16s level);
+NUVAPI NuvStatus nuvsThreshold_GT_16s_I(Nuv16s* pSrcDst, int len, Nuv16s level);
+NUVAPI NuvStatus nuvsThreshold_GT_16sc(const Nuv16sc* pSrc, Nuv16sc* pDst, int len, Nuv16s level);
+NUVAPI NuvStatus nuvsThreshold_GT_16sc_I(Nuv16sc* pSrcDst, int len, Nuv16s level);
+NUVAPI NuvStatus nuvsThreshold_GT_32f(const Nuv32f* pSrc, Nuv32f* pDst, int len, Nuv32f level);
+NUVAPI NuvStatus nuvsThreshold_GT_32f_I(Nuv32f* pSrcDst, int len, Nuv32f level);
+NUVAPI NuvStatus nuvsThreshold_GT_32fc(const Nuv32fc* pSrc, Nuv32fc* pDst, int len, Nuv32f level);
+NUVAPI NuvStatus nuvsThreshold_GT_32fc_I(Nuv32fc* pSrcDst, int len, Nuv32f level);
+NUVAPI NuvStatus nuvsThreshold_GT_32s(const Nuv32s* pSrc, Nuv32s* pDst, int len, Nuv32s level);
+NUVAPI NuvStatus nuvsThreshold_GT_32s_I(Nuv32s* pSrcDst, int len, Nuv32s level);
+NUVAPI NuvStatus nuvsThreshold_GT_64f(const Nuv64f* pSrc, Nuv64f* pDst, int len, Nuv64f level);
+NUVAPI NuvStatus nuvsThreshold_GT_64f_I(Nuv64f* pSrcDst, int len, Nuv64f level);
+NUVAPI NuvStatus nuvsThreshold_GT_64fc(const Nuv64fc* pSrc, Nuv64fc* pDst, int len, Nuv64f level);
+NUVAPI NuvStatus nuvsThreshold_GT_64fc_I(Nuv64fc* pSrcDst, int len, Nuv64f level);
+/* LTVal: elements below the level become value */
+NUVAPI NuvStatus nuvsThreshold_LTVal_16s(const Nuv16s* pSrc, Nuv16s* pDst, int len, Nuv16s level, Nuv16s value);
+NUVAPI NuvStatus nuvsThreshold_LTVal_16s_I(Nuv16s* pSrcDst, int len, Nuv16s level, Nuv16s value);
+NUVAPI NuvStatus nuvsThreshold_LTVal_16sc(const Nuv16sc* pSrc, Nuv16sc* pDst, int len, Nuv16s level, Nuv16sc value);
+NUVAPI NuvStatus nuvsThreshold_LTVal_16sc_I(Nuv16sc* pSrcDst, int len, Nuv16s level, Nuv16sc value);
+NUVAPI NuvStatus nuvsThreshold_LTVal_32f(const Nuv32f* pSrc, Nuv32f* pDst, int len, Nuv32f level, Nuv32f value);
+NUVAPI NuvStatus nuvsThreshold_LTVal_32f_I(Nuv32f* pSrcDst, int len, Nuv32f level, Nuv32f value);
+NUVAPI NuvStatus nuvsThreshold_LTVal_32fc(const Nuv32fc* pSrc, Nuv32fc* pDst, int len, Nuv32f level, Nuv32fc value);
+NUVAPI NuvStatus nuvsThreshold_LTVal_32fc_I(Nuv32fc* pSrcDst, int len, Nuv32f level, Nuv32fc value);
+NUVAPI NuvStatus nuvsThreshold_LTVal_64f(const Nuv64f* pSrc, Nuv64f* pDst, int len, Nuv64f level, Nuv64f value);
+NUVAPI NuvStatus nuvsThreshold_LTVal_64f_I(Nuv64f* pSrcDst, int len, Nuv64f level, Nuv64f value);
+NUVAPI NuvStatus nuvsThreshold_LTVal_64fc(const Nuv64fc* pSrc, Nuv64fc* pDst, int len, Nuv64f level, Nuv64fc value);
+NUVAPI NuvStatus nuvsThreshold_LTVal_64fc_I(Nuv64fc* pSrcDst, int len, Nuv64f level, Nuv64fc value);
+/* GTVal: elements above the level become value */
+NUVAPI NuvStatus nuvsThreshold_GTVal_16s(const Nuv16s* pSrc, Nuv16s* pDst, int len, Nuv16s level, Nuv16s value);
+NUVAPI NuvStatus nuvsThreshold_GTVal_16s_I(Nuv16s* pSrcDst, int len, Nuv16s level, Nuv16s value);
+NUVAPI NuvStatus nuvsThreshold_GTVal_16sc(const Nuv16sc* pSrc, Nuv16sc* pDst, int len, Nuv16s level, Nuv16sc value);
+NUVAPI NuvStatus nuvsThreshold_GTVal_16sc_I(Nuv16sc* pSrcDst, int len, Nuv16s level, Nuv16sc value);
+NUVAPI NuvStatus nuvsThreshold_GTVal_32f(const Nuv32f* pSrc, Nuv32f* pDst, int len, Nuv32f level, Nuv32f value);
+NUVAPI NuvStatus nuvsThreshold_GTVal_32f_I(Nuv32f* pSrcDst, int len, Nuv32f level, Nuv32f value);
+NUVAPI NuvStatus nuvsThreshold_GTVal_32fc(const Nuv32fc* pSrc, Nuv32fc* pDst, int len, Nuv32f level, Nuv32fc value);
+NUVAPI NuvStatus nuvsThreshold_GTVal_32fc_I(Nuv32fc* pSrcDst, int len, Nuv32f level, Nuv32fc value);
+NUVAPI NuvStatus nuvsThreshold_GTVal_64f(const Nuv64f* pSrc, Nuv64f* pDst, int len, Nuv64f level, Nuv64f value);
+NUVAPI NuvStatus nuvsThreshold_GTVal_64f_I(Nuv64f* pSrcDst, int len, Nuv64f level, Nuv64f value);
+NUVAPI NuvStatus nuvsThreshold_GTVal_64fc(const Nuv64fc* pSrc, Nuv64fc* pDst, int len, Nuv64f level, Nuv64fc value);
+NUVAPI NuvStatus nuvsThreshold_GTVal_64fc_I(Nuv64fc* pSrcDst, int len, Nuv64f level, Nuv64fc value);
+/* LTAbs: magnitudes below the level become the level, with the sign of the element */
+NUVAPI NuvStatus nuvsThreshold_LTAbs_16s(const Nuv16s* pSrc, Nuv16s* pDst, int len, Nuv16s level);
+NUVAPI NuvStatus nuvsThreshold_LTAbs_16s_I(Nuv16s* pSrcDst, int len, Nuv16s level);
+NUVAPI NuvStatus nuvsThreshold_LTAbs_32f(const Nuv32f* pSrc, Nuv32f* pDst, int len, Nuv32f level);
+NUVAPI NuvStatus nuvsThreshold_LTAbs_32f_I(Nuv32f* pSrcDst, int len, Nuv32f level);
+NUVAPI NuvStatus nuvsThreshold_LTAbs_32s(const Nuv32s* pSrc, Nuv32s* pDst, int len, Nuv32s level);
+NUVAPI NuvStatus nuvsThreshold_LTAbs_32s_I(Nuv32s* pSrcDst, int len, Nuv32s level);
+NUVAPI NuvStatus nuvsThreshold_LTAbs_64f(const Nuv64f* pSrc, Nuv64f* pDst, int len, Nuv64f level);
+NUVAPI NuvStatus nuvsThreshold_LTAbs_64f_I(Nuv64f* pSrcDst, int len, Nuv64f level);
+/* GTAbs: elements limited to the range -level to level */
+NUVAPI NuvStatus nuvsThreshold_GTAbs_16s(const Nuv16s* pSrc, Nuv16s* pDst, int len, Nuv16s level);
+NUVAPI NuvStatus nuvsThreshold_GTAbs_16s_I(Nuv16s* pSrcDst, int len, Nuv16s level);
+NUVAPI NuvStatus nuvsThreshold_GTAbs_32f(const Nuv32f* pSrc, Nuv32f* pDst, int len, Nuv32f level);
+NUVAPI NuvStatus nuvsThreshold_GTAbs_32f_I(Nuv32f* pSrcDst, int len, Nuv32f level);
+NUVAPI NuvStatus nuvsThreshold_GTAbs_32s(const Nuv32s* pSrc, Nuv32s* pDst, int len, Nuv32s level);
+NUVAPI NuvStatus nuvsThreshold_GTAbs_32s_I(Nuv32s* pSrcDst, int len, Nuv32s level);
+NUVAPI NuvStatus nuvsThreshold_GTAbs_64f(const Nuv64f* pSrc, Nuv64f* pDst, int len, Nuv64f level);
+NUVAPI NuvStatus nuvsThreshold_GTAbs_64f_I(Nuv64f* pSrcDst, int len, Nuv64f level);
+/* LTInv: reciprocal of the element with its magnitude raised to at least the level */
+NUVAPI NuvStatus nuvsThreshold_LTInv_32f(const Nuv32f* pSrc, Nuv32f* pDst, int len, Nuv32f level);
+NUVAPI NuvStatus nuvsThreshold_LTInv_32f_I(Nuv32f* pSrcDst, int len, Nuv32f level);
+NUVAPI NuvStatus nuvsThreshold_LTInv_32fc(const Nuv32fc* pSrc, Nuv32fc* pDst, int len, Nuv32f level);
+NUVAPI NuvStatus nuvsThreshold_LTInv_32fc_I(Nuv32fc* pSrcDst, int len, Nuv32f level);
+NUVAPI NuvStatus nuvsThreshold_LTInv_64f(const Nuv64f* pSrc, Nuv64f* pDst, int len, Nuv64f level);
+NUVAPI NuvStatus nuvsThreshold_LTInv_64f_I(Nuv64f* pSrcDst, int len, Nuv64f level);
+NUVAPI NuvStatus nuvsThreshold_LTInv_64fc(const Nuv64fc* pSrc, Nuv64fc* pDst, int len, Nuv64f level);
+NUVAPI NuvStatus nuvsThreshold_LTInv_64fc_I(Nuv64fc* pSrcDst, int len, Nuv64f level);
+/* LTValGTVal: below levelLT: valueLT, above levelGT: valueGT */
+NUVAPI NuvStatus nuvsThreshold_LTValGTVal_16s(const Nuv16s* pSrc, Nuv16s* pDst, int len, Nuv16s levelLT, Nuv16s valueLT, Nuv16s levelGT, Nuv16s valueGT);
+NUVAPI NuvStatus nuvsThreshold_LTValGTVal_16s_I(Nuv16s* pSrcDst, int len, Nuv16s levelLT, Nuv16s valueLT, Nuv16s levelGT, Nuv16s valueGT);
+NUVAPI NuvStatus nuvsThreshold_LTValGTVal_32f(const Nuv32f* pSrc, Nuv32f* pDst, int len, Nuv32f levelLT, Nuv32f valueLT, Nuv32f levelGT, Nuv32f valueGT);
+NUVAPI NuvStatus nuvsThreshold_LTValGTVal_32f_I(Nuv32f* pSrcDst, int len, Nuv32f levelLT, Nuv32f valueLT, Nuv32f levelGT, Nuv32f valueGT);
+NUVAPI NuvStatus nuvsThreshold_LTValGTVal_32s(const Nuv32s* pSrc, Nuv32s* pDst, int len, Nuv32s levelLT, Nuv32s valueLT, Nuv32s levelGT, Nuv32s valueGT);
+NUVAPI NuvStatus nuvsThreshold_LTValGTVal_32s_I(Nuv32s* pSrcDst, int len, Nuv32s levelLT, Nuv32s valueLT, Nuv32s levelGT, Nuv32s valueGT);
+NUVAPI NuvStatus nuvsThreshold_LTValGTVal_64f(const Nuv64f* pSrc, Nuv64f* pDst, int len, Nuv64f levelLT, Nuv64f valueLT, Nuv64f levelGT, Nuv64f valueGT);
+NUVAPI NuvStatus nuvsThreshold_LTValGTVal_64f_I(Nuv64f* pSrcDst, int len, Nuv64f levelLT, Nuv64f valueLT, Nuv64f levelGT, Nuv64f valueGT);
 
 #ifdef __cplusplus
 }

@@ -1,0 +1,457 @@
+// Threshold family kernels: lane vocabularies, the per-element rules, and the real and complex loops.
+//
+// Every rule is written once against a vocabulary `O` and instantiated twice: over AVX2 lanes for the
+// vector part and over single elements for peels and tails.  The two vocabularies give identical bits
+// per element (`max(a, b)` is `a > b ? a : b` in both, the instruction's own operand rule), so the
+// split between vector and single elements never shows in a result.
+#pragma once
+#include <immintrin.h>
+
+#include <cfloat>
+#include <cmath>
+#include <cstdint>
+#include <cstdlib>
+#include <limits>
+#include <type_traits>
+
+#include "frame/block.h"
+#include "frame/simd.h"
+#include "nuvs.h"
+
+namespace nuv::thr {
+
+// ------------------------------------------------------------------------------------------------
+// Vocabularies.  Masks are whole lanes (vectors) or bool (single elements); blend(a, b, m) is m ? b : a.
+
+template <class T>
+struct One {
+    using V = T;
+    using M = bool;
+    NUV_INLINE static V set1(T x) { return x; }
+    NUV_INLINE static V max(V a, V b) { return a > b ? a : b; }
+    NUV_INLINE static V min(V a, V b) { return a < b ? a : b; }
+    NUV_INLINE static V blend(V a, V b, M m) { return m ? b : a; }
+    NUV_INLINE static M lt(V a, V b) { return a < b; }
+    NUV_INLINE static M gt(V a, V b) { return a > b; }
+    NUV_INLINE static M notGe(V a, V b) { return !(a >= b); }   // true for NaN
+    NUV_INLINE static M notLe(V a, V b) { return !(a <= b); }   // true for NaN
+    NUV_INLINE static M nonNeg(V x) { return x >= T(0); }         // -0.0 counts as not below 0
+    NUV_INLINE static M absLt(V x, V level) {
+        if constexpr (std::is_integral_v<T>) return std::abs(int64_t(x)) < int64_t(level);
+        else return std::fabs(x) < level;
+    }
+    NUV_INLINE static V abs(V x) { return std::fabs(x); }
+    NUV_INLINE static V withSignOf(V mag, V x) { return std::copysign(mag, x); }
+    NUV_INLINE static V recip(V d) { return T(1) / d; }
+};
+
+template <class F>
+struct FloatLanes {
+    using S = Simd<F>;
+    using V = typename S::V;
+    using M = V;
+    static constexpr int N = S::N;
+    NUV_INLINE static V load(const F* p) { return S::load(p); }
+    NUV_INLINE static void store(F* p, V v) { S::store(p, v); }
+    NUV_INLINE static V set1(F x) { return S::set1(x); }
+    NUV_INLINE static V max(V a, V b) { return S::max(a, b); }
+    NUV_INLINE static V min(V a, V b) { return S::min(a, b); }
+    NUV_INLINE static V blend(V a, V b, M m) { return S::blendv(a, b, m); }
+    NUV_INLINE static M lt(V a, V b) { return S::template cmp<_CMP_LT_OQ>(a, b); }
+    NUV_INLINE static M gt(V a, V b) { return S::template cmp<_CMP_GT_OQ>(a, b); }
+    NUV_INLINE static M notGe(V a, V b) { return S::template cmp<_CMP_NGE_UQ>(a, b); }
+    NUV_INLINE static M notLe(V a, V b) { return S::template cmp<_CMP_NLE_UQ>(a, b); }
+    NUV_INLINE static M nonNeg(V x) { return S::template cmp<_CMP_GE_OQ>(x, S::zero()); }
+    NUV_INLINE static M absLt(V x, V level) { return lt(S::abs(x), level); }
+    NUV_INLINE static V abs(V x) { return S::abs(x); }
+    NUV_INLINE static V withSignOf(V mag, V x) { return S::or_(mag, S::and_(x, S::signMask())); }
+    NUV_INLINE static V recip(V d) { return S::div(S::set1(F(1)), d); }
+};
+
+template <class T> struct Lanes;
+template <> struct Lanes<float> : FloatLanes<float> {};
+template <> struct Lanes<double> : FloatLanes<double> {};
+
+// Four floats in an SSE register: the block and tail of the LTAbs_32f loop.
+struct Lanes4f {
+    using V = __m128;
+    using M = __m128;
+    static constexpr int N = 4;
+    NUV_INLINE static V load(const float* p) { return _mm_loadu_ps(p); }
+    NUV_INLINE static void store(float* p, V v) { _mm_storeu_ps(p, v); }
+    NUV_INLINE static V set1(float x) { return _mm_set1_ps(x); }
+    NUV_INLINE static V blend(V a, V b, M m) { return _mm_blendv_ps(a, b, m); }
+    NUV_INLINE static M nonNeg(V x) { return _mm_cmp_ps(x, _mm_setzero_ps(), _CMP_GE_OQ); }
+    NUV_INLINE static M absLt(V x, V level) {
+        return _mm_cmp_ps(_mm_andnot_ps(_mm_set1_ps(-0.0f), x), level, _CMP_LT_OQ);
+    }
+};
+
+// Signed integer lanes.  The absolute value of the most negative element wraps to itself in the
+// instruction; taken as unsigned and limited to the type's maximum it is never below a level, which
+// is the exact answer since every accepted level fits the type.
+template <class I, class Ops>
+struct IntLanes {
+    using V = __m256i;
+    using M = __m256i;
+    static constexpr int N = 32 / int(sizeof(I));
+    NUV_INLINE static V load(const I* p) { return _mm256_loadu_si256(reinterpret_cast<const __m256i*>(p)); }
+    NUV_INLINE static void store(I* p, V v) { _mm256_storeu_si256(reinterpret_cast<__m256i*>(p), v); }
+    NUV_INLINE static V set1(I x) { return Ops::set1(x); }
+    NUV_INLINE static V max(V a, V b) { return Ops::max(a, b); }
+    NUV_INLINE static V min(V a, V b) { return Ops::min(a, b); }
+    NUV_INLINE static V blend(V a, V b, M m) { return _mm256_blendv_epi8(a, b, m); }
+    NUV_INLINE static M lt(V a, V b) { return Ops::gt(b, a); }
+    NUV_INLINE static M gt(V a, V b) { return Ops::gt(a, b); }
+    NUV_INLINE static M notGe(V a, V b) { return Ops::gt(b, a); }
+    NUV_INLINE static M notLe(V a, V b) { return Ops::gt(a, b); }
+    NUV_INLINE static M nonNeg(V x) { return Ops::gt(x, Ops::set1(I(-1))); }
+    NUV_INLINE static M absLt(V x, V level) {
+        V a = Ops::minu(Ops::abs(x), Ops::set1(std::numeric_limits<I>::max()));
+        return Ops::gt(level, a);
+    }
+};
+
+struct Ops16 {
+    NUV_INLINE static __m256i set1(int16_t x) { return _mm256_set1_epi16(x); }
+    NUV_INLINE static __m256i max(__m256i a, __m256i b) { return _mm256_max_epi16(a, b); }
+    NUV_INLINE static __m256i min(__m256i a, __m256i b) { return _mm256_min_epi16(a, b); }
+    NUV_INLINE static __m256i minu(__m256i a, __m256i b) { return _mm256_min_epu16(a, b); }
+    NUV_INLINE static __m256i gt(__m256i a, __m256i b) { return _mm256_cmpgt_epi16(a, b); }
+    NUV_INLINE static __m256i abs(__m256i a) { return _mm256_abs_epi16(a); }
+};
+struct Ops32 {
+    NUV_INLINE static __m256i set1(int32_t x) { return _mm256_set1_epi32(x); }
+    NUV_INLINE static __m256i max(__m256i a, __m256i b) { return _mm256_max_epi32(a, b); }
+    NUV_INLINE static __m256i min(__m256i a, __m256i b) { return _mm256_min_epi32(a, b); }
+    NUV_INLINE static __m256i minu(__m256i a, __m256i b) { return _mm256_min_epu32(a, b); }
+    NUV_INLINE static __m256i gt(__m256i a, __m256i b) { return _mm256_cmpgt_epi32(a, b); }
+    NUV_INLINE static __m256i abs(__m256i a) { return _mm256_abs_epi32(a); }
+};
+template <> struct Lanes<int16_t> : IntLanes<int16_t, Ops16> {};
+template <> struct Lanes<int32_t> : IntLanes<int32_t, Ops32> {};
+
+// ------------------------------------------------------------------------------------------------
+// Rules for real elements.  k[] holds the rule's constants, broadcast for vectors:
+//   LT, GT, LTInv: k0 = level;  LTVal, GTVal: k0 = level, k1 = value;
+//   LTAbs, GTAbs: k0 = level, k1 = -level;  LTValGTVal: k0 = levelLT, k1 = valueLT, k2 = levelGT, k3 = valueGT.
+
+template <class O> using Vof = typename O::V;
+
+// The larger of x and level; max keeps its second operand on NaN, so NaN gives level.
+struct RuleLT {
+    template <class O> NUV_INLINE static Vof<O> apply(Vof<O> x, const Vof<O>* k) { return O::max(x, k[0]); }
+};
+// The smaller of x and level; NaN gives level.
+struct RuleGT {
+    template <class O> NUV_INLINE static Vof<O> apply(Vof<O> x, const Vof<O>* k) { return O::min(x, k[0]); }
+};
+// x where level <= x (equal elements are kept), else value; NaN gives value.
+struct RuleLTVal {
+    template <class O> NUV_INLINE static Vof<O> apply(Vof<O> x, const Vof<O>* k) {
+        return O::blend(x, k[1], O::notGe(x, k[0]));
+    }
+};
+// x where x <= level, else value; NaN gives value.
+struct RuleGTVal {
+    template <class O> NUV_INLINE static Vof<O> apply(Vof<O> x, const Vof<O>* k) {
+        return O::blend(x, k[1], O::notLe(x, k[0]));
+    }
+};
+// |x| below level: level for x >= 0 (so -0.0 gives +level), -level for x < 0; else x; NaN stays NaN.
+struct RuleLTAbs {
+    template <class O> NUV_INLINE static Vof<O> apply(Vof<O> x, const Vof<O>* k) {
+        Vof<O> raised = O::blend(k[1], k[0], O::nonNeg(x));
+        return O::blend(x, raised, O::absLt(x, k[0]));
+    }
+};
+// min(x, level) then max(that, -level); NaN gives level.
+struct RuleGTAbs {
+    template <class O> NUV_INLINE static Vof<O> apply(Vof<O> x, const Vof<O>* k) {
+        return O::max(O::min(x, k[0]), k[1]);
+    }
+};
+// Below levelLT: valueLT; above levelGT: valueGT; else x.  Both tests are false for NaN, so a NaN
+// element passes through unchanged.
+struct RuleLTValGTVal {
+    template <class O> NUV_INLINE static Vof<O> apply(Vof<O> x, const Vof<O>* k) {
+        Vof<O> r = O::blend(x, k[1], O::lt(x, k[0]));
+        return O::blend(r, k[3], O::gt(x, k[2]));
+    }
+};
+// 1 / (sign(x) * max(level, |x|)): the magnitude goes first in max only where it is NaN, so NaN stays
+// NaN.  The sign is restored from the sign bit, so -0.0 gives -1/level (and -inf for level 0).
+struct RuleLTInv {
+    template <class O> NUV_INLINE static Vof<O> apply(Vof<O> x, const Vof<O>* k) {
+        return O::recip(O::withSignOf(O::max(k[0], O::abs(x)), x));
+    }
+};
+
+// Blocking per element type.  32f follows the loop of Add_32f; the others are this family's own.
+template <class T> struct RealPlan;
+template <> struct RealPlan<float> { static constexpr BlockPlan plan = kPlan4B; };
+template <> struct RealPlan<double> { static constexpr BlockPlan plan = kPlan8B; };
+template <> struct RealPlan<int16_t> { static constexpr BlockPlan plan{16, 97, 32, 16}; };
+template <> struct RealPlan<int32_t> { static constexpr BlockPlan plan{8, 57, 16, 8}; };
+// LTAbs_32f: singly below 8, no peel below 1200, blocks of 8, tails of 4.
+inline constexpr BlockPlan kPlanLTAbs4B{8, 1200, 8, 4};
+
+template <class Rule, class L, BlockPlan P, class T>
+NUV_INLINE void runRealWith(const T* src, T* dst, int len, const T (&k)[4]) {
+    const typename L::V kv[4] = {L::set1(k[0]), L::set1(k[1]), L::set1(k[2]), L::set1(k[3])};
+    blocked<P, sizeof(T)>(
+        dst, len, [&](int i) { L::store(dst + i, Rule::template apply<L>(L::load(src + i), kv)); },
+        [&](int i) { dst[i] = Rule::template apply<One<T>>(src[i], k); });
+}
+
+template <class Rule, class T>
+void runReal(const T* src, T* dst, int len, const T (&k)[4]) {
+    runRealWith<Rule, Lanes<T>, RealPlan<T>::plan>(src, dst, len, k);
+}
+
+// ------------------------------------------------------------------------------------------------
+// Complex elements, compared by squared magnitude m = re*re + im*im against level*level.
+
+template <class F> struct CplxOf;
+template <> struct CplxOf<float> { using type = Nuv32fc; };
+template <> struct CplxOf<double> { using type = Nuv64fc; };
+
+// The reciprocal-square-root estimate.  Double elements take it from the single-precision
+// instruction too; lanes and single elements give the same bits (rsqrtss equals rsqrtps per lane).
+NUV_INLINE __m256 rsqrtEst(__m256 m) { return _mm256_rsqrt_ps(m); }
+NUV_INLINE __m256d rsqrtEst(__m256d m) { return _mm256_cvtps_pd(_mm_rsqrt_ps(_mm256_cvtpd_ps(m))); }
+NUV_INLINE float rsqrtEst(float m) { return _mm_cvtss_f32(_mm_rsqrt_ss(_mm_set_ss(m))); }
+NUV_INLINE double rsqrtEst(double m) { return double(rsqrtEst(float(m))); }
+
+// Bits of a lane mask, one per lane.
+NUV_INLINE int laneBits(__m256 m) { return _mm256_movemask_ps(m); }
+NUV_INLINE int laneBits(__m256d m) { return _mm256_movemask_pd(m); }
+
+template <class F>
+NUV_INLINE typename Simd<F>::V squaredMagnitude(typename Simd<F>::V x) {
+    using S = Simd<F>;
+    typename S::V sq = S::mul(x, x);
+    return S::add(sq, S::swapPairs(sq));   // re*re + im*im in both words of a pair
+}
+
+// Replaced elements keep their direction and take the magnitude `level`: z * s with
+// s = 0.5*level*y*(3 - m*y*y), y the estimate of 1/sqrt(m), one refinement step.  Where the estimate
+// has no usable value (m outside the normal single-precision range: a zero, a tiny or a huge element)
+// the element goes to `exact`: a zero becomes (level, 0), any other is scaled by level/|z| in long
+// double, infinite parts counting as the unit direction they point to.
+template <class F, bool Floor>
+struct Rescale {
+    using S = Simd<F>;
+    using V = typename S::V;
+    using C = typename CplxOf<F>::type;
+    F level, l2, hl;
+    V vl2, vhl;
+
+    explicit Rescale(F lev) : level(lev), l2(lev * lev), hl(F(0.5) * lev), vl2(S::set1(l2)), vhl(S::set1(hl)) {}
+
+    NUV_INLINE V vec(V x, int& bad) const {
+        V m = squaredMagnitude<F>(x);
+        V rep = Floor ? S::template cmp<_CMP_LT_OQ>(m, vl2) : S::template cmp<_CMP_GT_OQ>(m, vl2);
+        V y = rsqrtEst(m);
+        V s = S::mul(S::mul(vhl, y), S::sub(S::set1(F(3)), S::mul(S::mul(m, y), y)));
+        V off = S::or_(S::template cmp<_CMP_LT_OQ>(m, S::set1(F(FLT_MIN))),
+                       S::template cmp<_CMP_GT_OQ>(m, S::set1(F(FLT_MAX))));
+        bad |= laneBits(S::and_(rep, off));
+        return S::blendv(x, S::mul(x, s), rep);
+    }
+
+    NUV_INLINE C one(C z) const {
+        F m = z.re * z.re + z.im * z.im;
+        bool rep = Floor ? m < l2 : m > l2;
+        if (!rep) return z;
+        if (m < F(FLT_MIN) || m > F(FLT_MAX)) return exact(z);
+        F y = rsqrtEst(m);
+        F s = (hl * y) * (F(3) - (m * y) * y);
+        return C{z.re * s, z.im * s};
+    }
+
+    [[gnu::noinline]] C exact(C z) const {
+        long double a = z.re, b = z.im;
+        if (std::isinf(a) || std::isinf(b)) {
+            a = std::isinf(a) ? std::copysign(1.0L, a) : std::copysign(0.0L, a);
+            b = std::isinf(b) ? std::copysign(1.0L, b) : std::copysign(0.0L, b);
+        }
+        long double m = a * a + b * b;
+        if (m == 0) return C{level, F(0)};
+        long double s = (long double)level / std::sqrt(m);
+        return C{F(a * s), F(b * s)};
+    }
+};
+
+// The reciprocal conj(z) / m, worked in double (exact squares for single-precision elements).  A zero
+// element gives (+-inf with the sign of re, -im) and raises the zero-divide flag; a tiny or huge double
+// element, whose m leaves the double range, is worked in long double; an element with an infinite part
+// gives signed zeros.
+struct Recip {
+    NUV_INLINE static __m256d vec(__m256d w, int& bad) {
+        using S = Simd<double>;
+        __m256d m = squaredMagnitude<double>(w);
+        // max keeps m where it is NaN; lanes below the normal range are redone singly, and no lane
+        // divides by a zero here, so the zero-divide flag reports true zero elements only.
+        __m256d d = S::div(S::set1(1.0), S::max(S::set1(DBL_MIN), m));
+        __m256d r = S::xor_(S::mul(w, d), _mm256_setr_pd(0.0, -0.0, 0.0, -0.0));
+        bad |= laneBits(S::or_(S::template cmp<_CMP_LT_OQ>(m, S::set1(DBL_MIN)),
+                               S::template cmp<_CMP_GT_OQ>(m, S::set1(DBL_MAX))));
+        return r;
+    }
+
+    NUV_INLINE static void one(double a, double b, double& re, double& im) {
+        double m = a * a + b * b;
+        if (m < DBL_MIN || m > DBL_MAX) return edge(a, b, re, im);
+        double d = 1.0 / m;
+        re = a * d;
+        im = -(b * d);
+    }
+
+    [[gnu::noinline]] static void edge(double a, double b, double& re, double& im) {
+        if (a == 0 && b == 0) {
+            double m = 0.0;
+            asm("" : "+x"(m));   // a real division, so that the zero-divide flag is raised
+            re = std::copysign(1.0 / m, a);
+            im = -b;
+        } else if (std::isinf(a) || std::isinf(b)) {
+            re = std::copysign(0.0, a);
+            im = std::copysign(0.0, -b);
+        } else {
+            long double la = a, lb = b, m = la * la + lb * lb;
+            re = double(la / m);
+            im = double(-lb / m);
+        }
+    }
+};
+
+// LTInv on complex elements: magnitudes below `level` are raised to it as by the floor rescaling (when
+// level > 0), then the reciprocal is taken.
+template <class F, bool Raise>
+struct CplxInv {
+    using S = Simd<F>;
+    using V = typename S::V;
+    using C = typename CplxOf<F>::type;
+    Rescale<F, true> raise;
+
+    explicit CplxInv(F level) : raise(level) {}
+
+    NUV_INLINE V vec(V x, int& bad) const {
+        V z = Raise ? raise.vec(x, bad) : x;
+        if constexpr (std::is_same_v<F, float>) {
+            __m256d lo = Recip::vec(_mm256_cvtps_pd(_mm256_castps256_ps128(z)), bad);
+            __m256d hi = Recip::vec(_mm256_cvtps_pd(_mm256_extractf128_ps(z, 1)), bad);
+            return _mm256_set_m128(_mm256_cvtpd_ps(hi), _mm256_cvtpd_ps(lo));
+        } else {
+            return Recip::vec(z, bad);
+        }
+    }
+
+    NUV_INLINE C one(C z) const {
+        C w = Raise ? raise.one(z) : z;
+        double re, im;
+        Recip::one(double(w.re), double(w.im), re, im);
+        return C{F(re), F(im)};
+    }
+};
+
+// LTVal / GTVal on complex elements: the whole `value` replaces an element whose squared magnitude is
+// below (LTVal) or above (GTVal) level*level; NaN magnitudes are replaced as in the real rules.
+template <class F, bool Below>
+struct CplxVal {
+    using S = Simd<F>;
+    using V = typename S::V;
+    using C = typename CplxOf<F>::type;
+    F l2;
+    C value;
+    V vl2, vv;
+
+    CplxVal(F level, C val) : l2(level * level), value(val), vl2(S::set1(l2)) {
+        F pairs[S::N];
+        for (int j = 0; j < S::N; j += 2) pairs[j] = val.re, pairs[j + 1] = val.im;
+        vv = S::load(pairs);
+    }
+
+    NUV_INLINE V vec(V x, int&) const {
+        V m = squaredMagnitude<F>(x);
+        V rep = Below ? S::template cmp<_CMP_NGE_UQ>(m, vl2) : S::template cmp<_CMP_NLE_UQ>(m, vl2);
+        return S::blendv(x, vv, rep);
+    }
+
+    NUV_INLINE C one(C z) const {
+        F m = z.re * z.re + z.im * z.im;
+        bool rep = Below ? !(m >= l2) : !(m <= l2);
+        return rep ? value : z;
+    }
+};
+
+// Complex 16-bit elements, element by element: the squared magnitude and its comparison are exact in
+// 64 bits; a rescaled part is rounded to nearest even and saturated.  A zero below the floor becomes
+// (level, 0), as in the float members.
+template <bool Floor>
+struct Rescale16 {
+    Nuv16s level;
+    int64_t l2;
+    float hl;
+    explicit Rescale16(Nuv16s lev) : level(lev), l2(int64_t(lev) * lev), hl(0.5f * float(lev)) {}
+
+    static Nuv16s round16(float v) {
+        float r = _mm_cvtss_f32(_mm_round_ss(_mm_setzero_ps(), _mm_set_ss(v), _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC));
+        return Nuv16s(r > 32767.0f ? 32767.0f : r < -32768.0f ? -32768.0f : r);
+    }
+
+    NUV_INLINE Nuv16sc one(Nuv16sc z) const {
+        int64_t m = int64_t(z.re) * z.re + int64_t(z.im) * z.im;
+        if (!(Floor ? m < l2 : m > l2)) return z;
+        if (m == 0) return Nuv16sc{level, 0};
+        float mf = float(m);
+        float y = rsqrtEst(mf);
+        float s = (hl * y) * (3.0f - (mf * y) * y);
+        return Nuv16sc{round16(float(z.re) * s), round16(float(z.im) * s)};
+    }
+};
+
+template <bool Below>
+struct CplxVal16 {
+    int64_t l2;
+    Nuv16sc value;
+    CplxVal16(Nuv16s level, Nuv16sc val) : l2(int64_t(level) * level), value(val) {}
+    NUV_INLINE Nuv16sc one(Nuv16sc z) const {
+        int64_t m = int64_t(z.re) * z.re + int64_t(z.im) * z.im;
+        return (Below ? m < l2 : m > l2) ? value : z;
+    }
+};
+
+template <class C, bool Floor> struct RescaleOf { using type = Rescale<decltype(C::re), Floor>; };
+template <bool Floor> struct RescaleOf<Nuv16sc, Floor> { using type = Rescale16<Floor>; };
+template <class C, bool Below> struct CplxValOf { using type = CplxVal<decltype(C::re), Below>; };
+template <bool Below> struct CplxValOf<Nuv16sc, Below> { using type = CplxVal16<Below>; };
+
+// The complex loop: a lone leading element when the destination is on 8 but not on 16 bytes, then one
+// register of elements a step, then single elements.  A register with any lane the vector formula can't
+// serve is redone element by element (before anything of it is stored, so in-place runs are safe).
+template <class C, class Step>
+void runCplx(const C* src, C* dst, int len, const Step& st) {
+    using F = decltype(C::re);
+    int i = 0;
+    if constexpr (std::is_floating_point_v<F>) {
+        using S = Simd<F>;
+        constexpr int kPer = S::N / 2;
+        if (sizeof(F) == 4 && (reinterpret_cast<uintptr_t>(dst) & 15) == 8) {
+            dst[0] = st.one(src[0]);
+            i = 1;
+        }
+        for (; i + kPer <= len; i += kPer) {
+            int bad = 0;
+            typename S::V out = st.vec(S::load(reinterpret_cast<const F*>(src + i)), bad);
+            if (__builtin_expect(bad != 0, 0)) {
+                for (int j = 0; j < kPer; ++j) dst[i + j] = st.one(src[i + j]);
+            } else {
+                S::store(reinterpret_cast<F*>(dst + i), out);
+            }
+        }
+    }
+    for (; i < len; ++i) dst[i] = st.one(src[i]);
+}
+
+}  // namespace nuv::thr
