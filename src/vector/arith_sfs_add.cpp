@@ -1,5 +1,7 @@
 // Fixed-point add and subtract with scale factor: Add, Sub, AddC, SubC, SubCRev on 8u, 16s, 16u,
 // 16sc, 32s, 32sc, the 64-bit Add and AddC members, and the scale-0 forms of 16s.
+#include <immintrin.h>
+
 #include <algorithm>
 #include <climits>
 #include <cstdint>
@@ -179,35 +181,64 @@ template <int M>
     else return e >= 0 ? (e + half) >> k : -((-e + half) >> k);
 }
 
-template <class T, class Q, class F>
-void each64(const T* a, Q q, T* d, size_t n, F f) {
-    for (size_t i = 0; i < n; ++i) d[i] = f(i128(a[i]) + i128(q(i)));
+template <class T, class Src, class F>
+void each64(const Src& s, T* d, size_t n, F f) {
+    for (size_t i = 0; i < n; ++i) d[i] = f(i128(s.p(i)) + i128(s.q(i)));
+}
+
+// Scale 0: saturating 64-bit add, four lanes a step.
+template <class T>
+[[gnu::always_inline]] inline __m256i satAdd64(__m256i p, __m256i q) {
+    const __m256i s = _mm256_add_epi64(p, q);
+    if constexpr (std::is_signed_v<T>) {
+        // Overflow where both operands have the sign that the wrapped sum lacks.
+        const __m256i ovf = _mm256_and_si256(_mm256_xor_si256(s, p), _mm256_xor_si256(s, q));
+        const __m256i sat = _mm256_xor_si256(_mm256_cmpgt_epi64(_mm256_setzero_si256(), p),
+                                             _mm256_set1_epi64x(INT64_MAX));
+        return _mm256_castpd_si256(_mm256_blendv_pd(_mm256_castsi256_pd(s), _mm256_castsi256_pd(sat),
+                                                    _mm256_castsi256_pd(ovf)));
+    } else {
+        // Carry where the wrapped sum is below an operand, unsigned.
+        const __m256i bias = _mm256_set1_epi64x(INT64_MIN);
+        const __m256i carry = _mm256_cmpgt_epi64(_mm256_xor_si256(p, bias), _mm256_xor_si256(s, bias));
+        return _mm256_or_si256(s, carry);
+    }
+}
+
+template <class T, class Src>
+void satLoop64(const Src& s, T* d, size_t n) {
+    size_t i = 0;
+    for (; i + 8 <= n; i += 8) {
+        nuv::sfsadd::storev(d + i, satAdd64<T>(s.vp(i), s.vq(i)));
+        nuv::sfsadd::storev(d + i + 4, satAdd64<T>(s.vp(i + 4), s.vq(i + 4)));
+    }
+    for (; i < n; ++i) d[i] = sat64<T>(i128(s.p(i)) + i128(s.q(i)));
 }
 
 // Route by scale of the 64-bit sums; the mode is tested once, before the right-shift loop.
-template <class T, class Q, class ZeroFn>
-NuvStatus add64(const T* a, Q q, T* d, size_t n, int sf, int mode, Cut cut, ZeroFn zero) {
+template <class T, class Src, class ZeroFn>
+NuvStatus add64(const Src& s, T* d, size_t n, int sf, int mode, Cut cut, ZeroFn zero) {
     if (sf == 0) {
-        each64(a, q, d, n, [](i128 e) { return sat64<T>(e); });
+        satLoop64(s, d, n);
     } else if (cut.left && sf < -cut.left) {
-        each64(a, q, d, n, [](i128 e) { return e > 0 ? T(kHi64<T>) : (e < 0 ? T(kLo64<T>) : T(0)); });
+        each64(s, d, n, [](i128 e) { return e > 0 ? T(kHi64<T>) : (e < 0 ? T(kLo64<T>) : T(0)); });
     } else if (sf < 0) {
         const int k = sf < -100 ? 100 : -sf;  // a shift by 100 leaves only the sign already
-        each64(a, q, d, n, [k](i128 e) { return e == 0 ? T(0) : lshiftSat<T>(e, k); });
+        each64(s, d, n, [k](i128 e) { return e == 0 ? T(0) : lshiftSat<T>(e, k); });
     } else if (sf > cut.right) {
         return zero();
     } else {
         const int k = sf > 100 ? 100 : sf;  // a sum below 2^66 rounds to 0 in every mode from 67 on
-        if (mode == 1) each64(a, q, d, n, [k](i128 e) { return sat64<T>(rshiftMode<1>(e, k)); });
-        else if (mode == 0) each64(a, q, d, n, [k](i128 e) { return sat64<T>(rshiftMode<0>(e, k)); });
-        else each64(a, q, d, n, [k](i128 e) { return sat64<T>(rshiftMode<2>(e, k)); });
+        if (mode == 1) each64(s, d, n, [k](i128 e) { return sat64<T>(rshiftMode<1>(e, k)); });
+        else if (mode == 0) each64(s, d, n, [k](i128 e) { return sat64<T>(rshiftMode<0>(e, k)); });
+        else each64(s, d, n, [k](i128 e) { return sat64<T>(rshiftMode<2>(e, k)); });
     }
     return nuvStsOk;
 }
 
 NuvStatus ownsAdd64s(const Nuv64s* pSrc1, const Nuv64s* pSrc2, Nuv64s* pDst, int len, int sf) {
     if (NuvStatus st = nuv::check(len, pSrc1, pSrc2, pDst)) return st;
-    return add64(pSrc1, [pSrc2](size_t i) { return pSrc2[i]; }, pDst, size_t(len), sf, 1, kCutAdd64s,
+    return add64(TwoArrays<Nuv64s>{pSrc1, pSrc2}, pDst, size_t(len), sf, 1, kCutAdd64s,
                  [=] { return zeroOf(pDst, len); });
 }
 
@@ -217,7 +248,7 @@ template <class T>
 NuvStatus ownsAddC64(const T* pSrc, T val, T* pDst, int len, int sf, int rndMode) {
     if (nuv::anyNull(pSrc, pDst)) return nuvStsNullPtr;
     if (len == 0) return nuvStsSize;
-    return add64(pSrc, [val](size_t) { return val; }, pDst, size_t(unsigned(len)), sf, rndMode, kCutAddC64,
+    return add64(ArrayConst<T>{pSrc, val, val}, pDst, size_t(unsigned(len)), sf, rndMode, kCutAddC64,
                  [] { return nuvStsOk; });
 }
 

@@ -36,8 +36,11 @@ NUV_SFS_INLINE __m256i pairVec(T c0, T c1) {
         return _mm256_set1_epi16(int16_t(uint16_t(uint8_t(c0)) | uint16_t(uint8_t(c1)) << 8));
     } else if constexpr (sizeof(T) == 2) {
         return _mm256_set1_epi32(int32_t(uint32_t(uint16_t(c0)) | uint32_t(uint16_t(c1)) << 16));
-    } else {
+    } else if constexpr (sizeof(T) == 4) {
         return _mm256_set1_epi64x(int64_t(uint64_t(uint32_t(c0)) | uint64_t(uint32_t(c1)) << 32));
+    } else {
+        (void)c1;
+        return _mm256_set1_epi64x(int64_t(c0));
     }
 }
 
@@ -49,8 +52,8 @@ struct TwoArrays {
     const T* b;
     NUV_SFS_INLINE __m256i vp(size_t i) const { return loadv(a + i); }
     NUV_SFS_INLINE __m256i vq(size_t i) const { return loadv(b + i); }
-    NUV_SFS_INLINE int64_t p(size_t i) const { return a[i]; }
-    NUV_SFS_INLINE int64_t q(size_t i) const { return b[i]; }
+    NUV_SFS_INLINE T p(size_t i) const { return a[i]; }
+    NUV_SFS_INLINE T q(size_t i) const { return b[i]; }
 };
 
 template <class T>
@@ -60,8 +63,8 @@ struct ArrayConst {  // p from the array, q the constant
     __m256i cv = pairVec(c0, c1);
     NUV_SFS_INLINE __m256i vp(size_t i) const { return loadv(a + i); }
     NUV_SFS_INLINE __m256i vq(size_t) const { return cv; }
-    NUV_SFS_INLINE int64_t p(size_t i) const { return a[i]; }
-    NUV_SFS_INLINE int64_t q(size_t i) const { return (i & 1) ? c1 : c0; }
+    NUV_SFS_INLINE T p(size_t i) const { return a[i]; }
+    NUV_SFS_INLINE T q(size_t i) const { return (i & 1) ? c1 : c0; }
 };
 
 template <class T>
@@ -71,8 +74,8 @@ struct ConstArray {  // p the constant, q from the array
     __m256i cv = pairVec(c0, c1);
     NUV_SFS_INLINE __m256i vp(size_t) const { return cv; }
     NUV_SFS_INLINE __m256i vq(size_t i) const { return loadv(b + i); }
-    NUV_SFS_INLINE int64_t p(size_t i) const { return (i & 1) ? c1 : c0; }
-    NUV_SFS_INLINE int64_t q(size_t i) const { return b[i]; }
+    NUV_SFS_INLINE T p(size_t i) const { return (i & 1) ? c1 : c0; }
+    NUV_SFS_INLINE T q(size_t i) const { return b[i]; }
 };
 
 // ---- one element, any route: the exact value in 64 bits ----------------------------------------
