@@ -1,5 +1,15 @@
 // Threshold family: floors, ceilings, replacement values, magnitude limits and limited reciprocals
 // over real and complex vectors.
+//
+// Answers chosen where the rules leave room (details next to each kernel):
+// - LTValGTVal lets a NaN element through: it is neither below levelLT nor above levelGT.
+// - Complex floors: a zero element has no direction and becomes (level, 0); elements whose squared
+//   magnitude leaves the normal single-precision range are scaled exactly instead of by the estimate.
+//   A complex NaN compares false both ways and is copied by plain, LT and GT, replaced by LTVal, GTVal.
+// - Integer LTAbs: the most negative element has a magnitude above every accepted level and is kept;
+//   GTAbs needs no absolute value (min, then max with -level).
+// - Complex LTInv: the magnitude is first raised to `level` by the floor rescaling, then the reciprocal
+//   conj(z)/|z|^2 is taken in double; a zero element (level 0) gives (+-inf by the sign of re, -im).
 #include "frame/check.h"
 #include "frame/fpstate.h"
 #include "nuvs.h"
@@ -137,6 +147,7 @@ NuvStatus nuvsThreshold_64f(const Nuv64f* pSrc, Nuv64f* pDst, int len, Nuv64f le
 NuvStatus nuvsThreshold_64f_I(Nuv64f* pSrcDst, int len, Nuv64f level, NuvCmpOp relOp) { return thrPlain(pSrcDst, pSrcDst, len, level, relOp); }
 NuvStatus nuvsThreshold_64fc(const Nuv64fc* pSrc, Nuv64fc* pDst, int len, Nuv64f level, NuvCmpOp relOp) { return cplxPlain(pSrc, pDst, len, level, relOp); }
 NuvStatus nuvsThreshold_64fc_I(Nuv64fc* pSrcDst, int len, Nuv64f level, NuvCmpOp relOp) { return cplxPlain(pSrcDst, pSrcDst, len, level, relOp); }
+// LT: floor (the 16s members are the plain routine with relOp 0)
 NuvStatus nuvsThreshold_LT_16s(const Nuv16s* pSrc, Nuv16s* pDst, int len, Nuv16s level) { return nuvsThreshold_16s(pSrc, pDst, len, level, nuvCmpLess); }
 NuvStatus nuvsThreshold_LT_16s_I(Nuv16s* pSrcDst, int len, Nuv16s level) { return nuvsThreshold_16s_I(pSrcDst, len, level, nuvCmpLess); }
 NuvStatus nuvsThreshold_LT_16sc(const Nuv16sc* pSrc, Nuv16sc* pDst, int len, Nuv16s level) { return cplxPlain(pSrc, pDst, len, level, nuvCmpLess); }
@@ -151,6 +162,7 @@ NuvStatus nuvsThreshold_LT_64f(const Nuv64f* pSrc, Nuv64f* pDst, int len, Nuv64f
 NuvStatus nuvsThreshold_LT_64f_I(Nuv64f* pSrcDst, int len, Nuv64f level) { return thrPlain(pSrcDst, pSrcDst, len, level, nuvCmpLess); }
 NuvStatus nuvsThreshold_LT_64fc(const Nuv64fc* pSrc, Nuv64fc* pDst, int len, Nuv64f level) { return cplxPlain(pSrc, pDst, len, level, nuvCmpLess); }
 NuvStatus nuvsThreshold_LT_64fc_I(Nuv64fc* pSrcDst, int len, Nuv64f level) { return cplxPlain(pSrcDst, pSrcDst, len, level, nuvCmpLess); }
+// GT: ceiling (the 16s members are the plain routine with relOp 4)
 NuvStatus nuvsThreshold_GT_16s(const Nuv16s* pSrc, Nuv16s* pDst, int len, Nuv16s level) { return nuvsThreshold_16s(pSrc, pDst, len, level, nuvCmpGreater); }
 NuvStatus nuvsThreshold_GT_16s_I(Nuv16s* pSrcDst, int len, Nuv16s level) { return nuvsThreshold_16s_I(pSrcDst, len, level, nuvCmpGreater); }
 NuvStatus nuvsThreshold_GT_16sc(const Nuv16sc* pSrc, Nuv16sc* pDst, int len, Nuv16s level) { return cplxPlain(pSrc, pDst, len, level, nuvCmpGreater); }

@@ -300,6 +300,18 @@ struct Recip {
         return r;
     }
 
+    // Four elements in two registers with one division: m of all four in one register, as (m0 m2 m1 m3).
+    NUV_INLINE static void vec2(__m256d& lo, __m256d& hi, int& bad) {
+        using S = Simd<double>;
+        __m256d m = _mm256_hadd_pd(S::mul(lo, lo), S::mul(hi, hi));
+        __m256d d = S::div(S::set1(1.0), S::max(S::set1(DBL_MIN), m));
+        const __m256d conj = _mm256_setr_pd(0.0, -0.0, 0.0, -0.0);
+        lo = S::xor_(S::mul(lo, _mm256_permute4x64_pd(d, 0xA0)), conj);
+        hi = S::xor_(S::mul(hi, _mm256_permute4x64_pd(d, 0xF5)), conj);
+        bad |= laneBits(S::or_(S::template cmp<_CMP_LT_OQ>(m, S::set1(DBL_MIN)),
+                               S::template cmp<_CMP_GT_OQ>(m, S::set1(DBL_MAX))));
+    }
+
     NUV_INLINE static void one(double a, double b, double& re, double& im) {
         double m = a * a + b * b;
         if (m < DBL_MIN || m > DBL_MAX) return edge(a, b, re, im);
@@ -339,8 +351,9 @@ struct CplxInv {
     NUV_INLINE V vec(V x, int& bad) const {
         V z = Raise ? raise.vec(x, bad) : x;
         if constexpr (std::is_same_v<F, float>) {
-            __m256d lo = Recip::vec(_mm256_cvtps_pd(_mm256_castps256_ps128(z)), bad);
-            __m256d hi = Recip::vec(_mm256_cvtps_pd(_mm256_extractf128_ps(z, 1)), bad);
+            __m256d lo = _mm256_cvtps_pd(_mm256_castps256_ps128(z));
+            __m256d hi = _mm256_cvtps_pd(_mm256_extractf128_ps(z, 1));
+            Recip::vec2(lo, hi, bad);
             return _mm256_set_m128(_mm256_cvtpd_ps(hi), _mm256_cvtpd_ps(lo));
         } else {
             return Recip::vec(z, bad);

@@ -6,6 +6,7 @@
 #include <cfloat>
 #include <functional>
 #include <string>
+#include <tuple>
 
 #include "support/support.h"
 
@@ -21,30 +22,23 @@ template <class T> using Lv = typename RealOf<T>::type;
 template <class T> struct Args { Lv<T> level; T value; Lv<T> levelGT; T valueGT; int relOp; };
 template <class T> using Call = std::function<NuvStatus(const T*, T*, int, const Args<T>&)>;
 
-// One adapter per argument list; an in-place form finds its source already in the destination.
-template <class T, class L> Call<T> wrap(NuvStatus (*f)(const T*, T*, int, L)) {
-    return [f](const T* s, T* d, int n, const Args<T>& a) { return f(s, d, n, a.level); };
+// One adapter for every argument list, told apart by the count and types of the trailing scalars;
+// an in-place form finds its source already in the destination.
+template <class T, class... A, class F> NuvStatus pass(F f, const T* s, T* d, int n, const Args<T>& a) {
+    auto go = [&](auto... x) {
+        if constexpr (std::is_invocable_v<F, const T*, T*, int, A...>) return f(s, d, n, A(x)...);
+        else return f(d, n, A(x)...);
+    };
+    if constexpr (sizeof...(A) == 1) return go(a.level);
+    else if constexpr (sizeof...(A) == 4) return go(a.level, a.value, a.levelGT, a.valueGT);
+    else if constexpr (std::is_same_v<std::tuple_element_t<1, std::tuple<A...>>, int>) return go(a.level, a.relOp);
+    else return go(a.level, a.value);
 }
-template <class T, class L> Call<T> wrap(NuvStatus (*f)(T*, int, L)) {
-    return [f](const T*, T* d, int n, const Args<T>& a) { return f(d, n, a.level); };
+template <class T, class... A> Call<T> wrap(NuvStatus (*f)(const T*, T*, int, A...)) {
+    return [f](const T* s, T* d, int n, const Args<T>& a) { return pass<T, A...>(f, s, d, n, a); };
 }
-template <class T, class L> Call<T> wrap(NuvStatus (*f)(const T*, T*, int, L, int)) {
-    return [f](const T* s, T* d, int n, const Args<T>& a) { return f(s, d, n, a.level, a.relOp); };
-}
-template <class T, class L> Call<T> wrap(NuvStatus (*f)(T*, int, L, int)) {
-    return [f](const T*, T* d, int n, const Args<T>& a) { return f(d, n, a.level, a.relOp); };
-}
-template <class T, class L> Call<T> wrap(NuvStatus (*f)(const T*, T*, int, L, T)) {
-    return [f](const T* s, T* d, int n, const Args<T>& a) { return f(s, d, n, a.level, a.value); };
-}
-template <class T, class L> Call<T> wrap(NuvStatus (*f)(T*, int, L, T)) {
-    return [f](const T*, T* d, int n, const Args<T>& a) { return f(d, n, a.level, a.value); };
-}
-template <class T, class L> Call<T> wrap(NuvStatus (*f)(const T*, T*, int, L, T, L, T)) {
-    return [f](const T* s, T* d, int n, const Args<T>& a) { return f(s, d, n, a.level, a.value, a.levelGT, a.valueGT); };
-}
-template <class T, class L> Call<T> wrap(NuvStatus (*f)(T*, int, L, T, L, T)) {
-    return [f](const T*, T* d, int n, const Args<T>& a) { return f(d, n, a.level, a.value, a.levelGT, a.valueGT); };
+template <class T, class... A> Call<T> wrap(NuvStatus (*f)(T*, int, A...)) {
+    return [f](const T* s, T* d, int n, const Args<T>& a) { return pass<T, A...>(f, s, d, n, a); };
 }
 
 enum class Rule { Plain, LT, GT, LTVal, GTVal, LTAbs, GTAbs, LTInv, LTValGTVal };
