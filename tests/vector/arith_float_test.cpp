@@ -25,14 +25,14 @@ template <class C> C csqr(C x) { return cx<C>(std::fma(x.re, x.re, -(x.im * x.im
 
 template <class E> bool same(const E& x, const E& y) { return std::memcmp(&x, &y, sizeof(E)) == 0; }
 
-template <class E> std::vector<E> randomElems(int n) {
+template <class E> std::vector<E> randomElems(int n, double lo = -100, double hi = 100) {
     if constexpr (std::is_integral_v<E>) {
         return nt::randomInts<E>(n);
     } else if constexpr (std::is_floating_point_v<E>) {
-        return nt::randomReals<E>(n);
+        return nt::randomReals<E>(n, lo, hi);
     } else {
         std::vector<E> v(static_cast<size_t>(n));
-        auto words = nt::randomReals<decltype(E::re)>(2 * n);
+        auto words = nt::randomReals<decltype(E::re)>(2 * n, lo, hi);
         std::memcpy(v.data(), words.data(), sizeof(E) * size_t(n));
         return v;
     }
@@ -211,8 +211,9 @@ void neutral(NuvStatus (*fn)(const T*, T, T*, int), NuvStatus (*fnI)(T, T*, int)
         ASSERT_EQ(fnI(val, dI.data(), len), nuvStsOk);
         for (int i = 0; i < len; ++i) {
             const T want = e == Exit::Copy ? x[size_t(i)] : e == Exit::Zero ? T(0) : model(x[size_t(i)], val);
+            // Where two NaNs meet, which one survives is not fixed.
             ASSERT_TRUE(e == Exit::None ? sameOrBothNan(d[i], want) : same(d[i], want)) << "val " << val << " at " << i;
-            ASSERT_TRUE(same(d[i], dI[i])) << "val " << val << " at " << i;
+            ASSERT_TRUE(e == Exit::None ? sameOrBothNan(dI[i], want) : same(dI[i], want)) << "val " << val << " at " << i;
         }
     }
 }
@@ -265,8 +266,9 @@ void overlapRun(const char* name, const std::function<NuvStatus(const C*, const 
                 const std::function<C(C, C, C)>& model) {
     const int len = 100;
     for (auto [sOff, dOff] : {std::pair{0, 1}, {1, 0}, {0, 0}, {3, 0}}) {
-        std::vector<C> shared = randomElems<C>(len + 4), live = shared;
-        const std::vector<C> y = randomElems<C>(len);
+        // Moduli near 1, so that chains of products through the overlap stay finite.
+        std::vector<C> shared = randomElems<C>(len + 4, -1, 1), live = shared;
+        const std::vector<C> y = randomElems<C>(len, -1, 1);
         ASSERT_EQ(call(shared.data() + sOff, y.data(), shared.data() + dOff, len), nuvStsOk);
         for (int i = 0; i < len; ++i) live[size_t(dOff + i)] = model(live[size_t(sOff + i)], y[size_t(i)], live[size_t(dOff + i)]);
         for (int i = 0; i < len + 4; ++i)
