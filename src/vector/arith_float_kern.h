@@ -5,6 +5,7 @@
 #include <bit>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <type_traits>
 
 #include "frame/block.h"
@@ -19,8 +20,16 @@ template <class T> struct Half;
 
 template <> struct Half<float> {
     using V = __m128;
-    NUV_INLINE static V loadPair(const float* p) { return _mm_castpd_ps(_mm_load_sd(reinterpret_cast<const double*>(p))); }
-    NUV_INLINE static void storePair(float* p, V v) { _mm_store_sd(reinterpret_cast<double*>(p), _mm_castps_pd(v)); }
+    // Both words of a pair move as one 8-byte access; memcpy keeps the float array's type intact.
+    NUV_INLINE static V loadPair(const float* p) {
+        double t;
+        std::memcpy(&t, p, sizeof t);
+        return _mm_castpd_ps(_mm_set_sd(t));
+    }
+    NUV_INLINE static void storePair(float* p, V v) {
+        const double t = _mm_cvtsd_f64(_mm_castps_pd(v));
+        std::memcpy(p, &t, sizeof t);
+    }
     NUV_INLINE static V pair(float re, float im) { return _mm_setr_ps(re, im, re, im); }
     NUV_INLINE static V set1(float x) { return _mm_set1_ps(x); }
     NUV_INLINE static V add(V a, V b) { return _mm_add_ps(a, b); }

@@ -1,7 +1,7 @@
 // Floating add, subtract, multiply: every member against an independent scalar model, bit for bit,
 // over the sweep lengths, destination offsets, in-place forms, overlaps and neutral constants.
-#include <cmath>
 #include <bit>
+#include <cmath>
 #include <functional>
 #include <limits>
 
@@ -294,41 +294,6 @@ void overlapFamily(auto mul, auto mulI, auto mulC, auto addC, auto subC, auto su
 TEST(ArithFloatOverlap, ComplexFormsRunAscending) {
     overlapFamily<Nuv32fc>(nuvsMul_32fc, nuvsMul_32fc_I, nuvsMulC_32fc, nuvsAddC_32fc, nuvsSubC_32fc, nuvsSubCRev_32fc, nuvsSqr_32fc);
     overlapFamily<Nuv64fc>(nuvsMul_64fc, nuvsMul_64fc_I, nuvsMulC_64fc, nuvsAddC_64fc, nuvsSubC_64fc, nuvsSubCRev_64fc, nuvsSqr_64fc);
-}
-
-// ---------------------------------------------------------------- route independence
-// With NaN, inf and signed zeros in every position, a complex product gives the same bits whether
-// its element runs in a block, a tail or alone.  The one NaN used is the processor's default NaN,
-// the one that inf * 0 makes: where two different NaNs meet, which one survives is not fixed.
-template <class C>
-void routeFamily(auto mul, auto mulC, auto sqr, auto addProduct) {
-    using T = decltype(C::re);
-    const int len = 70;
-    const std::vector<T> pool = {-std::numeric_limits<T>::quiet_NaN(), T(0.5), std::numeric_limits<T>::infinity(),
-                                 -std::numeric_limits<T>::infinity(), T(0), T(-0.0), T(1), T(-3.5), std::numeric_limits<T>::max()};
-    std::vector<C> a(len), b(len), whole(len), single(len);
-    for (int i = 0; i < len; ++i) {
-        a[size_t(i)] = {pool[size_t(i) % 9], pool[size_t(i * 5 + 1) % 9]};
-        b[size_t(i)] = {pool[size_t(i * 7 + 2) % 9], pool[size_t(i / 9) % 9]};
-    }
-    const C c = b[11];
-    const std::function<NuvStatus(const C*, const C*, C*, int)> ops[] = {
-        [=](const C* x, const C* y, C* d, int n) { return mul(x, y, d, n); },
-        [=](const C* x, const C*, C* d, int n) { return mulC(x, c, d, n); },
-        [=](const C* x, const C*, C* d, int n) { return sqr(x, d, n); },
-        [=](const C* x, const C* y, C* d, int n) { return addProduct(x, y, d, n); },
-    };
-    for (size_t k = 0; k < 4; ++k) {
-        whole = b, single = b;  // AddProduct accumulates onto b's values
-        ASSERT_EQ(ops[k](a.data(), b.data(), whole.data(), len), nuvStsOk);
-        for (int i = 0; i < len; ++i) ASSERT_EQ(ops[k](&a[size_t(i)], &b[size_t(i)], &single[size_t(i)], 1), nuvStsOk);
-        for (int i = 0; i < len; ++i) ASSERT_TRUE(same(whole[size_t(i)], single[size_t(i)])) << "op " << k << " at " << i;
-    }
-}
-
-TEST(ArithFloatRoute, ComplexProductsWithSpecials) {
-    routeFamily<Nuv32fc>(nuvsMul_32fc, nuvsMulC_32fc, nuvsSqr_32fc, nuvsAddProduct_32fc);
-    routeFamily<Nuv64fc>(nuvsMul_64fc, nuvsMulC_64fc, nuvsSqr_64fc, nuvsAddProduct_64fc);
 }
 
 }  // namespace
