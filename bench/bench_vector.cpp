@@ -8,6 +8,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <functional>
+#include <memory>
 #include <random>
 #include <string>
 #include <vector>
@@ -83,16 +84,16 @@ std::string volkAvx2(volk_func_desc_t d) {
             if (std::strcmp(d.impl_names[i], want) == 0) return want;
     return "generic";
 }
-#define VOLK_ROWS(fn, call)                                                                       \
-    {"volk", [](void** a, int n) { fn(call); }},                                                  \
-    {"volk_avx2", [impl = volkAvx2(fn##_get_func_desc())](void** a, int n) { fn##_manual(call, impl.c_str()); }}
+#define VOLK_ROWS(fn, ...)                                                                        \
+    {"volk", [](void** a, int n) { fn(__VA_ARGS__); }},                                           \
+    {"volk_avx2", [impl = volkAvx2(fn##_get_func_desc())](void** a, int n) { fn##_manual(__VA_ARGS__, impl.c_str()); }}
 #define F(i) static_cast<float*>(a[i])
 #define C(i) static_cast<lv_32fc_t*>(a[i])
 #endif
 
-#define NUV(call) {"nuvs", [](void** a, int n) { call; }}
-#define LOOP(body) {"loop", [](void** a, int n) { body; }}
-#define LIBC(body) {"libc", [](void** a, int n) { body; }}
+#define NUV(...) {"nuvs", [](void** a, int n) { __VA_ARGS__; }}
+#define LOOP(...) {"loop", [](void** a, int n) { __VA_ARGS__; }}
+#define LIBC(...) {"libc", [](void** a, int n) { __VA_ARGS__; }}
 
 template <class T> T* P(void** a, int i) { return static_cast<T*>(a[i]); }
 

@@ -13,24 +13,23 @@ enum : unsigned {
     kMxcsrZeroDivFlag = 0x0004,
 };
 
-// Sets the bits of `mask` to `value` on entry and puts the caller's word back on exit, touching the
-// register only when the wanted word differs from the caller's.
+// Sets the bits of `mask` to `value` on entry and puts the caller's word back on exit; the
+// register is written only where the word differs, so a caller already in the wanted state pays
+// nothing.  Flags raised inside the scope are cleared with the restore.
 class ScopedMxcsr {
 public:
     ScopedMxcsr(unsigned value, unsigned mask) noexcept : saved_(_mm_getcsr()) {
-        unsigned want = (saved_ & ~mask) | (value & mask);
-        changed_ = want != saved_;
-        if (changed_) _mm_setcsr(want);
+        const unsigned want = (saved_ & ~mask) | (value & mask);
+        if (want != saved_) _mm_setcsr(want);
     }
     ~ScopedMxcsr() {
-        if (changed_) _mm_setcsr(saved_);
+        if (_mm_getcsr() != saved_) _mm_setcsr(saved_);
     }
     ScopedMxcsr(const ScopedMxcsr&) = delete;
     ScopedMxcsr& operator=(const ScopedMxcsr&) = delete;
 
 private:
     unsigned saved_;
-    bool changed_;
 };
 
 }  // namespace nuv
