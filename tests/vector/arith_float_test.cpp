@@ -188,7 +188,7 @@ TEST_P(ArithFloat, MatchesModel) { GetParam().run(); }
 INSTANTIATE_TEST_SUITE_P(All, ArithFloat, ::testing::ValuesIn(cases()), [](const auto& c) { return c.param.name; });
 
 // ---------------------------------------------------------------- neutral constants
-template <class T> std::vector<T> specials(int n) {
+template <class T> std::vector<T> edgeValues(int n) {
     using L = std::numeric_limits<T>;
     const T pool[] = {L::signaling_NaN(), -L::quiet_NaN(), T(-0.0), T(0.0), L::infinity(), -L::infinity(), T(1.5), T(-2)};
     std::vector<T> v(static_cast<size_t>(n));
@@ -204,7 +204,7 @@ enum class Exit { Copy, Zero, None };
 template <class T, class F>
 void neutral(NuvStatus (*fn)(const T*, T, T*, int), NuvStatus (*fnI)(T, T*, int), T val, Exit e, F model) {
     for (int len : {5, 40, 100}) {
-        const std::vector<T> x = specials<T>(len);
+        const std::vector<T> x = edgeValues<T>(len);
         nt::Buf<T> d(len, sizeof(T)), dI(len, sizeof(T));
         dI.copyFrom(x);
         ASSERT_EQ(fn(x.data(), val, d.data(), len), nuvStsOk);
@@ -251,7 +251,7 @@ TEST(ArithFloatNeutral, ComplexConstantsAlwaysCompute) {
 }
 
 TEST(ArithFloatNeutral, AbsClearsTheSignBitOnly) {
-    const std::vector<Nuv32f> x = specials<Nuv32f>(40);
+    const std::vector<Nuv32f> x = edgeValues<Nuv32f>(40);
     nt::Buf<Nuv32f> d(40);
     ASSERT_EQ(nuvsAbs_32f(x.data(), d.data(), 40), nuvStsOk);
     for (int i = 0; i < 40; ++i)
