@@ -16,44 +16,33 @@ using u8 = uint8_t;
 
 // ---- Zero and Set: one kernel per element width
 
+// One implementation per width, shared by every member of that width; the exports jump to it.
 template <size_t E>
-NuvStatus zeroN(void* pDst, int len) {
+[[gnu::noinline]] NuvStatus zeroN(void* pDst, int len) {
     if (NuvStatus s = nuv::check(len, pDst)) return s;
-    nuv::fill::ownsFillBytes<E, 1>(pDst, len, _mm256_setzero_si256(), true);
+    nuv::fill::ownsFillBytes<E, 1>(pDst, len, 0, 0, true);
     return nuvStsOk;
 }
 
-// The value repeated over 32 bytes.
-template <class T>
-__m256i pattern(const T& val) {
-    static_assert(sizeof(T) == 1 || sizeof(T) == 2 || sizeof(T) == 4 || sizeof(T) == 8 || sizeof(T) == 16);
-    if constexpr (sizeof(T) == 16) {
-        __m128i v;
-        std::memcpy(&v, &val, 16);
-        return _mm256_broadcastsi128_si256(v);
-    } else {
-        uint64_t w = 0;
-        std::memcpy(&w, &val, sizeof(T));
-        if constexpr (sizeof(T) == 1) return _mm256_set1_epi8(char(w));
-        if constexpr (sizeof(T) == 2) return _mm256_set1_epi16(short(w));
-        if constexpr (sizeof(T) == 4) return _mm256_set1_epi32(int(w));
-        if constexpr (sizeof(T) == 8) return _mm256_set1_epi64x(int64_t(w));
-    }
-}
-
+// Set takes the value as its 8-byte halves; narrower values are repeated to fill 8 bytes.
 template <size_t E>
-void setKernel(void* d, int len, __m256i pat) {
-    const uintptr_t a = reinterpret_cast<uintptr_t>(d);
-    if constexpr (E <= 4) nuv::fill::ownsFillBytes<E>(d, len, pat, a % E == 0);  // odd addresses stay plain
-    if constexpr (E == 8) nuv::fill::ownsSet8(d, len, pat);
-    if constexpr (E == 16) nuv::fill::ownsSet16(d, len, pat);
+[[gnu::noinline]] NuvStatus setWidth(uint64_t lo, uint64_t hi, void* pDst, int len) {
+    if (NuvStatus s = nuv::check(len, pDst)) return s;
+    const uintptr_t a = reinterpret_cast<uintptr_t>(pDst);
+    if constexpr (E <= 4) nuv::fill::ownsFillBytes<E>(pDst, len, lo, lo, a % E == 0);  // odd addresses stay plain
+    if constexpr (E == 8) nuv::fill::ownsSet8(pDst, len, lo);
+    if constexpr (E == 16) nuv::fill::ownsSet16(pDst, len, lo, hi);
+    return nuvStsOk;
 }
 
 template <class T>
 NuvStatus setN(const T& val, T* pDst, int len) {
-    if (NuvStatus s = nuv::check(len, pDst)) return s;
-    setKernel<sizeof(T)>(pDst, len, pattern(val));
-    return nuvStsOk;
+    static_assert(sizeof(T) == 1 || sizeof(T) == 2 || sizeof(T) == 4 || sizeof(T) == 8 || sizeof(T) == 16);
+    uint64_t lo = 0, hi = 0;
+    std::memcpy(&lo, &val, sizeof(T) < 8 ? sizeof(T) : 8);
+    if constexpr (sizeof(T) == 16) std::memcpy(&hi, reinterpret_cast<const char*>(&val) + 8, 8);
+    for (size_t k = sizeof(T); k < 8; k *= 2) lo |= lo << (8 * k);
+    return setWidth<sizeof(T)>(lo, hi, pDst, len);
 }
 
 // ---- Copy and Move: every width funnels into the byte kernel

@@ -47,11 +47,15 @@ inline constexpr int kQueryAbove = 0x200000;
     }
 }
 
+// From this many bytes on, the plain route fills with a string store: beyond the second-level
+// cache it writes whole lines without reading them first, which vector stores can't.
+inline constexpr size_t kStringFillFrom = 0x80000;
+
 // Plain route for n bytes of elements of E bytes.  A destination on an element boundary runs
 // 32-byte aligned stores after a head store; any other runs unaligned stores.  The last 32 bytes
 // are always one store at the end, overlapping what came before.
 template <size_t E>
-inline void ownsFillPlain(u8* d, size_t n, __m256i pat) {
+[[gnu::always_inline]] inline void ownsFillPlain(u8* d, size_t n, __m256i pat) {
     if (n < 32) return fillBelow32(d, n, pat);
     u8* const last = d + n - 32;
     if (n <= 64) {
@@ -64,6 +68,17 @@ inline void ownsFillPlain(u8* d, size_t n, __m256i pat) {
     u8* p;
     if (a % E == 0) {
         p = reinterpret_cast<u8*>((a + 32) & ~uintptr_t(31));
+        if constexpr (E <= 8) {
+            if (size_t(last - p) >= kStringFillFrom) {
+                // The first 8 bytes of the pattern repeat at every element boundary; the string
+                // ends at most 7 bytes past `last`.
+                size_t count = (size_t(last - p) + 7) / 8;
+                const uint64_t w = uint64_t(_mm_cvtsi128_si64(_mm256_castsi256_si128(pat)));
+                __asm__ volatile("rep stosq" : "+D"(p), "+c"(count) : "a"(w) : "memory");
+                store32(last, pat);
+                return;
+            }
+        }
         for (; p + 128 <= last; p += 128) {
             storeA32(p, pat);
             storeA32(p + 32, pat);
@@ -88,7 +103,7 @@ inline void ownsFillPlain(u8* d, size_t n, __m256i pat) {
 // 64-byte aligned takes two plain stores, then non-temporal stores run from the next 64-byte
 // boundary, which the caller guarantees is an element boundary; 32 and 16 remaining bytes stream
 // too, 8, 4, 2, 1 are plain; the fence makes the data visible before return.
-inline void ownsFillStream(u8* d, size_t n, __m256i pat) {
+[[gnu::always_inline]] inline void ownsFillStream(u8* d, size_t n, __m256i pat) {
     u8* p = d;
     const uintptr_t a = reinterpret_cast<uintptr_t>(d);
     if (a % 64) {
@@ -118,46 +133,58 @@ inline void ownsFillStream(u8* d, size_t n, __m256i pat) {
     _mm_sfence();
 }
 
-// The cache query: true only when it answers and `bytes` exceeds the size it gives.  A failing
-// query, or a size not above zero, keeps the plain route.
-inline bool exceedsCache(int64_t bytes, int divisor = 1) {
+// The cache query: true only when it answers and `count` exceeds the size it gives over
+// `divisor`.  A failing query, or a size not above zero, keeps the plain route.
+inline bool exceedsCache(int64_t count, int divisor) {
     int size = 0;
     if (nuvGetMaxCacheSizeB(&size) != 0 || size <= 0) return false;
-    return bytes > int64_t(size / divisor);
+    return count > int64_t(size / divisor);
+}
+
+// The fill pattern is passed as its two 8-byte halves, so that no vector crosses a call.
+[[gnu::always_inline]] inline __m256i broadcast(uint64_t lo, uint64_t hi) {
+    const __m128i v = _mm_insert_epi64(_mm_cvtsi64_si128(int64_t(lo)), int64_t(hi), 1);
+    return _mm256_broadcastsi128_si256(v);
+}
+
+// A region past a kernel's cut: streams if it exceeds the cache, else the plain route.  Kept out
+// of line, off the path of the common small fill.
+template <size_t P>
+[[gnu::noinline]] void fillLarge(u8* d, size_t n, uint64_t lo, uint64_t hi, int64_t count, int divisor) {
+    if (exceedsCache(count, divisor)) return ownsFillStream(d, n, broadcast(lo, hi));
+    ownsFillPlain<P>(d, n, broadcast(lo, hi));
 }
 
 // Zero and Set by byte size, for len elements of E bytes whose pattern repeats every P bytes (1
 // for Zero).  The route is chosen on len times E in 32-bit arithmetic; the fill covers all len
 // elements.  `streamable` is the destination alignment condition of the member.
 template <size_t E, size_t P = E>
-inline void ownsFillBytes(void* dst, int len, __m256i pat, bool streamable) {
+[[gnu::always_inline]] inline void ownsFillBytes(void* dst, int len, uint64_t lo, uint64_t hi, bool streamable) {
     u8* d = static_cast<u8*>(dst);
     const int size = int(unsigned(len) * unsigned(E));
     const size_t n = size_t(len) * E;
-    if (size > kQueryAbove && streamable && exceedsCache(size)) return ownsFillStream(d, n, pat);
-    ownsFillPlain<P>(d, n, pat);
+    if (size > kQueryAbove && streamable) return fillLarge<P>(d, n, lo, hi, size, 1);
+    ownsFillPlain<P>(d, n, broadcast(lo, hi));
 }
 
 // The 8-byte Set kernel: its cut is in elements, and it streams when the count exceeds the cache
 // size over 8, for a destination on an 8-byte boundary.
 inline constexpr int kSet8QueryAbove = 0x40000;
-inline void ownsSet8(void* dst, int len, __m256i pat) {
+[[gnu::always_inline]] inline void ownsSet8(void* dst, int len, uint64_t w) {
     u8* d = static_cast<u8*>(dst);
     const size_t n = size_t(len) * 8;
-    if (len > kSet8QueryAbove && reinterpret_cast<uintptr_t>(d) % 8 == 0 && exceedsCache(len, 8))
-        return ownsFillStream(d, n, pat);
-    ownsFillPlain<8>(d, n, pat);
+    if (len > kSet8QueryAbove && reinterpret_cast<uintptr_t>(d) % 8 == 0) return fillLarge<8>(d, n, w, w, len, 8);
+    ownsFillPlain<8>(d, n, _mm256_set1_epi64x(int64_t(w)));
 }
 
 // The 16-byte Set kernel: above 0x10000 elements on a 16-byte boundary it streams when the count
 // exceeds the cache size over 16.
 inline constexpr int kSet16QueryAbove = 0x10000;
-inline void ownsSet16(void* dst, int len, __m256i pat) {
+[[gnu::always_inline]] inline void ownsSet16(void* dst, int len, uint64_t lo, uint64_t hi) {
     u8* d = static_cast<u8*>(dst);
     const size_t n = size_t(len) * 16;
-    if (len > kSet16QueryAbove && reinterpret_cast<uintptr_t>(d) % 16 == 0 && exceedsCache(len, 16))
-        return ownsFillStream(d, n, pat);
-    ownsFillPlain<16>(d, n, pat);
+    if (len > kSet16QueryAbove && reinterpret_cast<uintptr_t>(d) % 16 == 0) return fillLarge<16>(d, n, lo, hi, len, 16);
+    ownsFillPlain<16>(d, n, broadcast(lo, hi));
 }
 
 }  // namespace nuv::fill

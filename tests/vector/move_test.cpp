@@ -72,6 +72,17 @@ TEST(MoveFill, ZeroAndSetEveryWidth) {
     fillFamily<Nuv64sc>(nuvsZero_64sc, nuvsSet_64sc, "64sc");
 }
 
+TEST(MoveFill, LongPlainFillsAtEveryPhase) {
+    const uint8_t p1[1] = {0xC3}, p2[2] = {0x01, 0x80}, p4[4] = {0x00, 0x00, 0xC0, 0x3F}, p8[8] = {9, 8, 7, 6, 5, 4, 3, 2};
+    for (int extra = 0; extra < 9; ++extra)
+        for (size_t off : {0, 4, 8, 28, 3}) {
+            checkFill<1>(p1, 0x80040 + extra, off, [](uint8_t* p, int n) { return nuvsSet_8u(0xC3, p, n); }, "8u");
+            checkFill<2>(p2, 0x40020 + extra, off, [](uint8_t* p, int n) { return nuvsSet_16s(-32767, reinterpret_cast<Nuv16s*>(p), n); }, "16s");
+            checkFill<4>(p4, 0x20010 + extra, off, [](uint8_t* p, int n) { return nuvsSet_32f(1.5f, reinterpret_cast<Nuv32f*>(p), n); }, "32f");
+            checkFill<8>(p8, 0x10008 + extra, off, [](uint8_t* p, int n) { return nuvsSet_64s(0x0203040506070809, reinterpret_cast<Nuv64s*>(p), n); }, "64s");
+        }
+}
+
 TEST(MoveFill, SetKeepsNaNPayloadAndSignedZero) {
     const float vals[] = {-0.0f, std::bit_cast<float>(0x7FA00001u), std::bit_cast<float>(0xFFC12345u)};
     for (float v : vals) {
