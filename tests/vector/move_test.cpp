@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <climits>
 #include <functional>
+#include <string>
 
 #include "support/support.h"
 
@@ -32,122 +33,106 @@ struct CacheOverride {
 
 // ---- Zero and Set
 
-// Runs `fill` on len elements of E bytes at byte offset `off` and checks every element against
-// `val` and the red zones.
-template <size_t E, class Fill>
-void checkFill(const uint8_t (&val)[E], int len, size_t off, Fill fill, const char* name) {
-    nt::Guarded g(size_t(len) * E, off);
-    std::memset(g.data(), 0x5A, g.size());
-    ASSERT_EQ(fill(g.data(), len), nuvStsOk) << name;
-    for (int i = 0; i < len; ++i)
-        ASSERT_EQ(std::memcmp(g.data() + size_t(i) * E, val, E), 0) << name << " len " << len << " off " << off << " at " << i;
-    ASSERT_TRUE(g.intact()) << name << " len " << len << " off " << off;
-}
+// A fill member with the bytes every element must hold afterwards.
+struct Filler {
+    std::string name;
+    size_t elem;
+    Bytes value;
+    std::function<NuvStatus(uint8_t*, int)> run;
+};
 
 template <class T>
-void fillFamily(NuvStatus (*zero)(T*, int), NuvStatus (*set)(T, T*, int), const char* name) {
-    constexpr size_t E = sizeof(T);
-    uint8_t zeros[E] = {}, pat[E];
-    for (size_t k = 0; k < E; ++k) pat[k] = uint8_t(0x11 * (k + 1) + 0x80);
+void addFillers(std::vector<Filler>& v, const char* type, NuvStatus (*zero)(T*, int), NuvStatus (*set)(T, T*, int)) {
+    Bytes pat(sizeof(T));
+    for (size_t k = 0; k < sizeof(T); ++k) pat[k] = uint8_t(0x11 * (k + 1) + 0x80);  // no two bytes alike
     T val;
-    std::memcpy(&val, pat, E);
-    for (int len : lengths())
-        for (size_t off : {size_t(0), size_t(1), E, size_t(13), size_t(32) - E, size_t(40)}) {
-            checkFill<E>(zeros, len, off, [&](uint8_t* p, int n) { return zero(reinterpret_cast<T*>(p), n); }, name);
-            checkFill<E>(pat, len, off, [&](uint8_t* p, int n) { return set(val, reinterpret_cast<T*>(p), n); }, name);
+    std::memcpy(&val, pat.data(), sizeof(T));
+    v.push_back({std::string("Zero_") + type, sizeof(T), Bytes(sizeof(T), 0),
+                 [zero](uint8_t* p, int n) { return zero(reinterpret_cast<T*>(p), n); }});
+    v.push_back({std::string("Set_") + type, sizeof(T), pat,
+                 [set, val](uint8_t* p, int n) { return set(val, reinterpret_cast<T*>(p), n); }});
+}
+
+const std::vector<Filler>& fillers() {
+    static const std::vector<Filler> v = [] {
+        std::vector<Filler> f;
+        addFillers<Nuv8u>(f, "8u", nuvsZero_8u, nuvsSet_8u);
+        addFillers<Nuv16s>(f, "16s", nuvsZero_16s, nuvsSet_16s);
+        addFillers<Nuv16sc>(f, "16sc", nuvsZero_16sc, nuvsSet_16sc);
+        addFillers<Nuv32f>(f, "32f", nuvsZero_32f, nuvsSet_32f);
+        addFillers<Nuv32s>(f, "32s", nuvsZero_32s, nuvsSet_32s);
+        addFillers<Nuv32fc>(f, "32fc", nuvsZero_32fc, nuvsSet_32fc);
+        addFillers<Nuv32sc>(f, "32sc", nuvsZero_32sc, nuvsSet_32sc);
+        addFillers<Nuv64f>(f, "64f", nuvsZero_64f, nuvsSet_64f);
+        addFillers<Nuv64s>(f, "64s", nuvsZero_64s, nuvsSet_64s);
+        addFillers<Nuv64fc>(f, "64fc", nuvsZero_64fc, nuvsSet_64fc);
+        addFillers<Nuv64sc>(f, "64sc", nuvsZero_64sc, nuvsSet_64sc);
+        return f;
+    }();
+    return v;
+}
+const Filler& filler(const std::string& name) {
+    return *std::find_if(fillers().begin(), fillers().end(), [&](const Filler& f) { return f.name == name; });
+}
+
+// One fill of len elements at byte offset `off`, checked element by element and at the red
+// zones; returns the number of cache queries it made.
+int checkFill(const Filler& f, int len, size_t off) {
+    nt::Guarded g(size_t(len) * f.elem, off);
+    std::memset(g.data(), 0x5A, g.size());
+    const int before = nuvcoreTestCacheQueries();
+    EXPECT_EQ(f.run(g.data(), len), nuvStsOk) << f.name;
+    const int queries = nuvcoreTestCacheQueries() - before;
+    for (int i = 0; i < len; ++i)
+        if (std::memcmp(g.data() + size_t(i) * f.elem, f.value.data(), f.elem) != 0) {
+            ADD_FAILURE() << f.name << " len " << len << " off " << off << " wrong at " << i;
+            break;
         }
+    EXPECT_TRUE(g.intact()) << f.name << " len " << len << " off " << off;
+    return queries;
 }
 
 TEST(MoveFill, ZeroAndSetEveryWidth) {
-    fillFamily<Nuv8u>(nuvsZero_8u, nuvsSet_8u, "8u");
-    fillFamily<Nuv16s>(nuvsZero_16s, nuvsSet_16s, "16s");
-    fillFamily<Nuv16sc>(nuvsZero_16sc, nuvsSet_16sc, "16sc");
-    fillFamily<Nuv32f>(nuvsZero_32f, nuvsSet_32f, "32f");
-    fillFamily<Nuv32s>(nuvsZero_32s, nuvsSet_32s, "32s");
-    fillFamily<Nuv32fc>(nuvsZero_32fc, nuvsSet_32fc, "32fc");
-    fillFamily<Nuv32sc>(nuvsZero_32sc, nuvsSet_32sc, "32sc");
-    fillFamily<Nuv64f>(nuvsZero_64f, nuvsSet_64f, "64f");
-    fillFamily<Nuv64s>(nuvsZero_64s, nuvsSet_64s, "64s");
-    fillFamily<Nuv64fc>(nuvsZero_64fc, nuvsSet_64fc, "64fc");
-    fillFamily<Nuv64sc>(nuvsZero_64sc, nuvsSet_64sc, "64sc");
+    for (const Filler& f : fillers())
+        for (int len : lengths())
+            for (size_t off : {size_t(0), size_t(1), f.elem, size_t(13), 32 - f.elem, size_t(40)}) checkFill(f, len, off);
 }
 
 TEST(MoveFill, LongPlainFillsAtEveryPhase) {
-    const uint8_t p1[1] = {0xC3}, p2[2] = {0x01, 0x80}, p4[4] = {0x00, 0x00, 0xC0, 0x3F}, p8[8] = {9, 8, 7, 6, 5, 4, 3, 2};
-    for (int extra = 0; extra < 9; ++extra)
-        for (size_t off : {0, 4, 8, 28, 3}) {
-            checkFill<1>(p1, 0x80040 + extra, off, [](uint8_t* p, int n) { return nuvsSet_8u(0xC3, p, n); }, "8u");
-            checkFill<2>(p2, 0x40020 + extra, off, [](uint8_t* p, int n) { return nuvsSet_16s(-32767, reinterpret_cast<Nuv16s*>(p), n); }, "16s");
-            checkFill<4>(p4, 0x20010 + extra, off, [](uint8_t* p, int n) { return nuvsSet_32f(1.5f, reinterpret_cast<Nuv32f*>(p), n); }, "32f");
-            checkFill<8>(p8, 0x10008 + extra, off, [](uint8_t* p, int n) { return nuvsSet_64s(0x0203040506070809, reinterpret_cast<Nuv64s*>(p), n); }, "64s");
-        }
-}
-
-TEST(MoveFill, SetKeepsNaNPayloadAndSignedZero) {
-    const float vals[] = {-0.0f, std::bit_cast<float>(0x7FA00001u), std::bit_cast<float>(0xFFC12345u)};
-    for (float v : vals) {
-        nt::Buf<Nuv32f> d(77, 4);
-        ASSERT_EQ(nuvsSet_32f(v, d.data(), 77), nuvStsOk);
-        for (int i = 0; i < 77; ++i) ASSERT_TRUE(nt::sameBits(d[i], v));
-    }
-}
-
-// One large fill: the number of cache queries it made and whether the content is right.
-template <size_t E, class Fill>
-int queriesOf(int len, size_t off, const uint8_t (&val)[E], Fill fill) {
-    const int before = nuvcoreTestCacheQueries();
-    checkFill<E>(val, len, off, fill, "large");
-    return nuvcoreTestCacheQueries() - before;
+    for (const Filler& f : fillers())
+        if (f.elem <= 8)  // the lengths where string stores take over, at every phase of the tail
+            for (int extra = 0; extra < 9; ++extra)
+                for (size_t off : {0, 3, 4, 8, 28}) checkFill(f, int(0x80040 / f.elem) + extra, off);
 }
 
 TEST(MoveFill, LargeRegionsAskTheCacheAndStream) {
-    CacheOverride cache(4096);  // every large region is beyond this "cache": the streaming route
-    const uint8_t z4[4] = {}, z1[1] = {}, z16[16] = {};
-    auto zero32f = [](uint8_t* p, int n) { return nuvsZero_32f(reinterpret_cast<Nuv32f*>(p), n); };
-    EXPECT_EQ(queriesOf<4>(0x80000, 0, z4, zero32f), 0);  // exactly 0x200000 bytes: plain
-    for (size_t off : {0, 4, 20, 3}) EXPECT_EQ(queriesOf<4>(0x80001, off, z4, zero32f), 1) << off;
-    auto zero8u = [](uint8_t* p, int n) { return nuvsZero_8u(p, n); };
-    EXPECT_EQ(queriesOf<1>(0x200000, 0, z1, zero8u), 0);
-    for (int extra : {1, 2, 7, 8, 17, 48, 63})
-        EXPECT_EQ(queriesOf<1>(0x200000 + extra, size_t(extra) % 5, z1, zero8u), 1) << extra;
-    auto zero64fc = [](uint8_t* p, int n) { return nuvsZero_64fc(reinterpret_cast<Nuv64fc*>(p), n); };
-    EXPECT_EQ(queriesOf<16>(0x20001, 8, z16, zero64fc), 1);
-
-    const uint8_t p2[2] = {0x12, 0x34};
-    auto set16s = [](uint8_t* p, int n) { return nuvsSet_16s(0x3412, reinterpret_cast<Nuv16s*>(p), n); };
-    EXPECT_EQ(queriesOf<2>(0x100001, 2, p2, set16s), 1);
-    EXPECT_EQ(queriesOf<2>(0x100001, 1, p2, set16s), 0);  // odd address: plain, no query
-
-    const uint8_t p4[4] = {0x00, 0x00, 0xC0, 0x3F};  // 1.5f
-    auto set32f = [](uint8_t* p, int n) { return nuvsSet_32f(1.5f, reinterpret_cast<Nuv32f*>(p), n); };
-    EXPECT_EQ(queriesOf<4>(0x80000, 4, p4, set32f), 0);
-    for (size_t off : {0, 4, 36, 60}) EXPECT_EQ(queriesOf<4>(0x80001 + int(off), off, p4, set32f), 1) << off;
-    EXPECT_EQ(queriesOf<4>(0x80001, 2, p4, set32f), 0);
-
-    const uint8_t p8[8] = {1, 2, 3, 4, 5, 6, 7, 8};
-    auto set64s = [](uint8_t* p, int n) { return nuvsSet_64s(0x0807060504030201, reinterpret_cast<Nuv64s*>(p), n); };
-    EXPECT_EQ(queriesOf<8>(0x40000, 8, p8, set64s), 0);  // the 8-byte kernel cuts in elements
-    EXPECT_EQ(queriesOf<8>(0x40001, 8, p8, set64s), 1);
-    EXPECT_EQ(queriesOf<8>(0x40003, 24, p8, set64s), 1);
-    EXPECT_EQ(queriesOf<8>(0x40001, 4, p8, set64s), 0);
-
-    uint8_t p16[16];
-    for (int k = 0; k < 16; ++k) p16[k] = uint8_t(k * 7 + 1);
-    Nuv64sc v16;
-    std::memcpy(&v16, p16, 16);
-    auto set64sc = [&](uint8_t* p, int n) { return nuvsSet_64sc(v16, reinterpret_cast<Nuv64sc*>(p), n); };
-    EXPECT_EQ(queriesOf<16>(0x10000, 16, p16, set64sc), 0);
-    EXPECT_EQ(queriesOf<16>(0x10001, 16, p16, set64sc), 1);
-    EXPECT_EQ(queriesOf<16>(0x10005, 48, p16, set64sc), 1);
-    EXPECT_EQ(queriesOf<16>(0x10001, 8, p16, set64sc), 0);
+    CacheOverride cache(4096);  // every region that asks is beyond this cache: the streaming route
+    struct Row {
+        const char* name;
+        int len;
+        size_t off;
+        int queries;
+    };
+    const Row rows[] = {
+        {"Zero_32f", 0x80000, 0, 0},   {"Zero_32f", 0x80001, 0, 1},   {"Zero_32f", 0x80001, 20, 1},
+        {"Zero_32f", 0x80001, 3, 1},   {"Zero_8u", 0x200000, 0, 0},   {"Zero_8u", 0x200001, 1, 1},
+        {"Zero_8u", 0x20002F, 3, 1},   {"Zero_64fc", 0x20001, 8, 1},  {"Set_8u", 0x200011, 5, 1},
+        {"Set_16s", 0x100001, 2, 1},   {"Set_16s", 0x100001, 1, 0},   // odd address: plain, no query
+        {"Set_16sc", 0x80001, 4, 1},   {"Set_16sc", 0x80001, 2, 0},   {"Set_32f", 0x80000, 4, 0},
+        {"Set_32f", 0x80005, 36, 1},   {"Set_32f", 0x80003, 60, 1},   {"Set_32s", 0x80001, 6, 0},
+        {"Set_64s", 0x40000, 8, 0},    // the 8-byte kernel cuts in elements
+        {"Set_64s", 0x40001, 8, 1},    {"Set_32fc", 0x40003, 24, 1},  {"Set_64f", 0x40001, 4, 0},
+        {"Set_64sc", 0x10000, 16, 0},  {"Set_64sc", 0x10001, 16, 1},  {"Set_64fc", 0x10005, 48, 1},
+        {"Set_64fc", 0x10001, 8, 0},
+    };
+    for (const Row& r : rows) EXPECT_EQ(checkFill(filler(r.name), r.len, r.off), r.queries) << r.name << " len " << r.len;
 }
 
 TEST(MoveFill, FailingOrSmallCacheAnswerKeepsThePlainRoute) {
-    const uint8_t z4[4] = {}, p4[4] = {0, 0, 0x80, 0xBF};  // -1.0f
     for (int size : {0, 0x7FFFFFFF}) {
         CacheOverride cache(size);
-        EXPECT_EQ(queriesOf<4>(0x80011, 12, z4, [](uint8_t* p, int n) { return nuvsZero_32f(reinterpret_cast<Nuv32f*>(p), n); }), 1);
-        EXPECT_EQ(queriesOf<4>(0x80011, 12, p4, [](uint8_t* p, int n) { return nuvsSet_32f(-1.0f, reinterpret_cast<Nuv32f*>(p), n); }), 1);
+        EXPECT_EQ(checkFill(filler("Zero_32f"), 0x80011, 12), 1);
+        EXPECT_EQ(checkFill(filler("Set_32f"), 0x80011, 12), 1);
     }
 }
 
