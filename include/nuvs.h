@@ -504,6 +504,72 @@ NUVAPI NuvStatus nuvsPackBits_32u8u(const Nuv32u* pSrc, const int* pSrcBitsLen, 
 
 /* ================================================================ complex and polar */
 /* (section: complex) */
+/* ---------------------------------------------------------------- parts, assembly, conjugation */
+NUVAPI NuvStatus nuvsReal_16sc(const Nuv16sc* pSrc, Nuv16s* pDst, int len);
+NUVAPI NuvStatus nuvsReal_32fc(const Nuv32fc* pSrc, Nuv32f* pDst, int len);
+NUVAPI NuvStatus nuvsReal_64fc(const Nuv64fc* pSrc, Nuv64f* pDst, int len);
+NUVAPI NuvStatus nuvsImag_16sc(const Nuv16sc* pSrc, Nuv16s* pDst, int len);
+NUVAPI NuvStatus nuvsImag_32fc(const Nuv32fc* pSrc, Nuv32f* pDst, int len);
+NUVAPI NuvStatus nuvsImag_64fc(const Nuv64fc* pSrc, Nuv64f* pDst, int len);
+NUVAPI NuvStatus nuvsRealToCplx_16s(const Nuv16s* pSrcRe, const Nuv16s* pSrcIm, Nuv16sc* pDst, int len);
+NUVAPI NuvStatus nuvsRealToCplx_32f(const Nuv32f* pSrcRe, const Nuv32f* pSrcIm, Nuv32fc* pDst, int len);
+NUVAPI NuvStatus nuvsRealToCplx_64f(const Nuv64f* pSrcRe, const Nuv64f* pSrcIm, Nuv64fc* pDst, int len);
+NUVAPI NuvStatus nuvsCplxToReal_16sc(const Nuv16sc* pSrc, Nuv16s* pDstRe, Nuv16s* pDstIm, int len);
+NUVAPI NuvStatus nuvsCplxToReal_32fc(const Nuv32fc* pSrc, Nuv32f* pDstRe, Nuv32f* pDstIm, int len);
+NUVAPI NuvStatus nuvsCplxToReal_64fc(const Nuv64fc* pSrc, Nuv64f* pDstRe, Nuv64f* pDstIm, int len);
+NUVAPI NuvStatus nuvsConj_16sc(const Nuv16sc* pSrc, Nuv16sc* pDst, int len);
+NUVAPI NuvStatus nuvsConj_16sc_I(Nuv16sc* pSrcDst, int len);
+NUVAPI NuvStatus nuvsConj_32fc(const Nuv32fc* pSrc, Nuv32fc* pDst, int len);
+NUVAPI NuvStatus nuvsConj_32fc_I(Nuv32fc* pSrcDst, int len);
+NUVAPI NuvStatus nuvsConj_64fc(const Nuv64fc* pSrc, Nuv64fc* pDst, int len);
+NUVAPI NuvStatus nuvsConj_64fc_I(Nuv64fc* pSrcDst, int len);
+NUVAPI NuvStatus nuvsConjFlip_16sc(const Nuv16sc* pSrc, Nuv16sc* pDst, int len);
+NUVAPI NuvStatus nuvsConjFlip_32fc(const Nuv32fc* pSrc, Nuv32fc* pDst, int len);
+NUVAPI NuvStatus nuvsConjFlip_64fc(const Nuv64fc* pSrc, Nuv64fc* pDst, int len);
+/* ---------------------------------------------------------------- modulus and power */
+NUVAPI NuvStatus nuvsMagnitude_16s32f(const Nuv16s* pSrcRe, const Nuv16s* pSrcIm, Nuv32f* pDst, int len);
+NUVAPI NuvStatus nuvsMagnitude_16s_Sfs(const Nuv16s* pSrcRe, const Nuv16s* pSrcIm, Nuv16s* pDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsMagnitude_16sc32f(const Nuv16sc* pSrc, Nuv32f* pDst, int len);
+NUVAPI NuvStatus nuvsMagnitude_16sc_Sfs(const Nuv16sc* pSrc, Nuv16s* pDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsMagnitude_32f(const Nuv32f* pSrcRe, const Nuv32f* pSrcIm, Nuv32f* pDst, int len);
+NUVAPI NuvStatus nuvsMagnitude_32fc(const Nuv32fc* pSrc, Nuv32f* pDst, int len);
+NUVAPI NuvStatus nuvsMagnitude_32sc_Sfs(const Nuv32sc* pSrc, Nuv32s* pDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsMagnitude_64f(const Nuv64f* pSrcRe, const Nuv64f* pSrcIm, Nuv64f* pDst, int len);
+NUVAPI NuvStatus nuvsMagnitude_64fc(const Nuv64fc* pSrc, Nuv64f* pDst, int len);
+NUVAPI NuvStatus nuvsMagSquared_32fc64f(const Nuv32fc* pSrc, Nuv64f* pDst, int len);
+NUVAPI NuvStatus nuvsMagSquared_32sc32s_Sfs(const Nuv32sc* pSrc, Nuv32s* pDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsPowerSpectr_16s32f(const Nuv16s* pSrcRe, const Nuv16s* pSrcIm, Nuv32f* pDst, int len);
+NUVAPI NuvStatus nuvsPowerSpectr_16s_Sfs(const Nuv16s* pSrcRe, const Nuv16s* pSrcIm, Nuv16s* pDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsPowerSpectr_16sc32f(const Nuv16sc* pSrc, Nuv32f* pDst, int len);
+NUVAPI NuvStatus nuvsPowerSpectr_16sc_Sfs(const Nuv16sc* pSrc, Nuv16s* pDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsPowerSpectr_32f(const Nuv32f* pSrcRe, const Nuv32f* pSrcIm, Nuv32f* pDst, int len);
+NUVAPI NuvStatus nuvsPowerSpectr_32fc(const Nuv32fc* pSrc, Nuv32f* pDst, int len);
+NUVAPI NuvStatus nuvsPowerSpectr_64f(const Nuv64f* pSrcRe, const Nuv64f* pSrcIm, Nuv64f* pDst, int len);
+NUVAPI NuvStatus nuvsPowerSpectr_64fc(const Nuv64fc* pSrc, Nuv64f* pDst, int len);
+/* ---------------------------------------------------------------- phase */
+NUVAPI NuvStatus nuvsPhase_16s32f(const Nuv16s* pSrcRe, const Nuv16s* pSrcIm, Nuv32f* pDst, int len);
+NUVAPI NuvStatus nuvsPhase_16s_Sfs(const Nuv16s* pSrcRe, const Nuv16s* pSrcIm, Nuv16s* pDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsPhase_16sc32f(const Nuv16sc* pSrc, Nuv32f* pDst, int len);
+NUVAPI NuvStatus nuvsPhase_16sc_Sfs(const Nuv16sc* pSrc, Nuv16s* pDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsPhase_32f(const Nuv32f* pSrcRe, const Nuv32f* pSrcIm, Nuv32f* pDst, int len);
+NUVAPI NuvStatus nuvsPhase_32fc(const Nuv32fc* pSrc, Nuv32f* pDst, int len);
+NUVAPI NuvStatus nuvsPhase_32sc_Sfs(const Nuv32sc* pSrc, Nuv32s* pDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsPhase_64f(const Nuv64f* pSrcRe, const Nuv64f* pSrcIm, Nuv64f* pDst, int len);
+NUVAPI NuvStatus nuvsPhase_64fc(const Nuv64fc* pSrc, Nuv64f* pDst, int len);
+/* ---------------------------------------------------------------- Cartesian and polar form */
+NUVAPI NuvStatus nuvsCartToPolar_16sc_Sfs(const Nuv16sc* pSrc, Nuv16s* pDstMagn, Nuv16s* pDstPhase, int len, int magnScaleFactor, int phaseScaleFactor);
+NUVAPI NuvStatus nuvsCartToPolar_32f(const Nuv32f* pSrcRe, const Nuv32f* pSrcIm, Nuv32f* pDstMagn, Nuv32f* pDstPhase, int len);
+NUVAPI NuvStatus nuvsCartToPolar_32fc(const Nuv32fc* pSrc, Nuv32f* pDstMagn, Nuv32f* pDstPhase, int len);
+NUVAPI NuvStatus nuvsCartToPolar_64f(const Nuv64f* pSrcRe, const Nuv64f* pSrcIm, Nuv64f* pDstMagn, Nuv64f* pDstPhase, int len);
+NUVAPI NuvStatus nuvsCartToPolar_64fc(const Nuv64fc* pSrc, Nuv64f* pDstMagn, Nuv64f* pDstPhase, int len);
+/* Fixed-point phases carry phaseFixedPoint fraction bits (0..15 for 16sc, 0..31 for 32sc). */
+NUVAPI NuvStatus nuvsPolarToCart_16sc(const Nuv16s* pSrcMagn, const Nuv16s* pSrcPhase, Nuv16sc* pDst, int len, int phaseFixedPoint);
+NUVAPI NuvStatus nuvsPolarToCart_16sc_Sfs(const Nuv16s* pSrcMagn, const Nuv16s* pSrcPhase, Nuv16sc* pDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsPolarToCart_32f(const Nuv32f* pSrcMagn, const Nuv32f* pSrcPhase, Nuv32f* pDstRe, Nuv32f* pDstIm, int len);
+NUVAPI NuvStatus nuvsPolarToCart_32fc(const Nuv32f* pSrcMagn, const Nuv32f* pSrcPhase, Nuv32fc* pDst, int len);
+NUVAPI NuvStatus nuvsPolarToCart_32sc(const Nuv32s* pSrcMagn, const Nuv32s* pSrcPhase, Nuv32sc* pDst, int len, int phaseFixedPoint);
+NUVAPI NuvStatus nuvsPolarToCart_64f(const Nuv64f* pSrcMagn, const Nuv64f* pSrcPhase, Nuv64f* pDstRe, Nuv64f* pDstIm, int len);
+NUVAPI NuvStatus nuvsPolarToCart_64fc(const Nuv64f* pSrcMagn, const Nuv64f* pSrcPhase, Nuv64fc* pDst, int len);
 
 /* ================================================================ thresholds */
 /* (section: threshold) */
