@@ -161,7 +161,7 @@ struct OpPhase {
 // Float or double results of an element-wise operation over a complex or split source.
 template <class Op, class T, class... S>
 void ownsMap(T* pDst, int len, const S*... pSrc) {
-    runBlocks<32 / sizeof(T), 2>(
+    runBlocks<32 / sizeof(T), 4>(
         len, [](T* d, const S*... s) { vstore(d, inOrder<S...>(Op::f(parts(s...)))); }, pDst, pSrc...);
 }
 
@@ -206,7 +206,7 @@ void ownsSign16(Nuv16s* pDst, int len, const S*... pSrc) {
 // Square root in double of the exact sum, scaled, rounded to nearest even, limited to 32767.
 template <Sc K, class... S>
 void ownsMagnitude16(Nuv16s* pDst, int len, double f, const S*... pSrc) {
-    runBlocks<8>(len, [f](Nuv16s* d, const S*... s) {
+    runBlocks<8>(len, [=](Nuv16s* d, const S*... s) {
         const __m256i n = sumSq(s...);
         __m256d a = vsqrt(u32lo(n)), b = vsqrt(u32hi(n));
         if constexpr (K == Sc::Scaled) a = vmul(a, _mm256_set1_pd(f)), b = vmul(b, _mm256_set1_pd(f));
@@ -256,7 +256,7 @@ NuvStatus power16(Nuv16s* pDst, int len, int sf, const S*... pSrc) {
 // Float phase, times 2^-sf in single precision, rounded to nearest even, saturated.
 template <Sc K, class... S>
 void ownsPhase16(Nuv16s* pDst, int len, float f, const S*... pSrc) {
-    runBlocks<8>(len, [f](Nuv16s* d, const S*... s) {
+    runBlocks<8>(len, [=](Nuv16s* d, const S*... s) {
         const Parts8 p = parts(s...);
         __m256 a = phase(p.re, p.im);
         if constexpr (K == Sc::Scaled) a = vmul(a, _mm256_set1_ps(f));
@@ -325,7 +325,7 @@ void ownsMagSquared32sc(const Nuv32sc* pSrc, Nuv32s* pDst, int len, double f) {
 
 template <Sc K>
 void ownsPhase32sc(const Nuv32sc* pSrc, Nuv32s* pDst, int len, float f) {
-    runBlocks<8>(len, [f](const Nuv32sc* s, Nuv32s* d) {
+    runBlocks<8>(len, [=](const Nuv32sc* s, Nuv32s* d) {
         const Parts8 p = parts(s);
         __m256 a = phase(p.re, p.im);
         if constexpr (K == Sc::Scaled) a = vmul(a, _mm256_set1_ps(f));
