@@ -356,6 +356,54 @@ NUVAPI NuvStatus nuvsSub_16s(const Nuv16s* pSrc1, const Nuv16s* pSrc2, Nuv16s* p
 NUVAPI NuvStatus nuvsSub_16s_I(const Nuv16s* pSrc, Nuv16s* pSrcDst, int len);
 NUVAPI NuvStatus nuvsSubC_16s_I(Nuv16s val, Nuv16s* pSrcDst, int len);
 
+/* ---------------------------------------------------------------- multiply, add-product and square */
+NUVAPI NuvStatus nuvsMul_16s(const Nuv16s* pSrc1, const Nuv16s* pSrc2, Nuv16s* pDst, int len);
+NUVAPI NuvStatus nuvsMul_16s_I(const Nuv16s* pSrc, Nuv16s* pSrcDst, int len);
+NUVAPI NuvStatus nuvsMul_8u_Sfs(const Nuv8u* pSrc1, const Nuv8u* pSrc2, Nuv8u* pDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsMul_8u_ISfs(const Nuv8u* pSrc, Nuv8u* pSrcDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsMul_16s_Sfs(const Nuv16s* pSrc1, const Nuv16s* pSrc2, Nuv16s* pDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsMul_16s_ISfs(const Nuv16s* pSrc, Nuv16s* pSrcDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsMul_16u_Sfs(const Nuv16u* pSrc1, const Nuv16u* pSrc2, Nuv16u* pDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsMul_16u_ISfs(const Nuv16u* pSrc, Nuv16u* pSrcDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsMul_16u16s_Sfs(const Nuv16u* pSrc1, const Nuv16s* pSrc2, Nuv16s* pDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsMul_16s32s_Sfs(const Nuv16s* pSrc1, const Nuv16s* pSrc2, Nuv32s* pDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsMul_16sc_Sfs(const Nuv16sc* pSrc1, const Nuv16sc* pSrc2, Nuv16sc* pDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsMul_16sc_ISfs(const Nuv16sc* pSrc, Nuv16sc* pSrcDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsMul_32s_Sfs(const Nuv32s* pSrc1, const Nuv32s* pSrc2, Nuv32s* pDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsMul_32s_ISfs(const Nuv32s* pSrc, Nuv32s* pSrcDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsMul_32sc_Sfs(const Nuv32sc* pSrc1, const Nuv32sc* pSrc2, Nuv32sc* pDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsMul_32sc_ISfs(const Nuv32sc* pSrc, Nuv32sc* pSrcDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsMul_32s32sc_Sfs(const Nuv32s* pSrc1, const Nuv32sc* pSrc2, Nuv32sc* pDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsMul_32s32sc_ISfs(const Nuv32s* pSrc, Nuv32sc* pSrcDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsMul_Low_32s_Sfs(const Nuv32s* pSrc1, const Nuv32s* pSrc2, Nuv32s* pDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsMulC_8u_Sfs(const Nuv8u* pSrc, Nuv8u val, Nuv8u* pDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsMulC_8u_ISfs(Nuv8u val, Nuv8u* pSrcDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsMulC_16s_Sfs(const Nuv16s* pSrc, Nuv16s val, Nuv16s* pDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsMulC_16s_ISfs(Nuv16s val, Nuv16s* pSrcDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsMulC_16u_Sfs(const Nuv16u* pSrc, Nuv16u val, Nuv16u* pDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsMulC_16u_ISfs(Nuv16u val, Nuv16u* pSrcDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsMulC_16sc_Sfs(const Nuv16sc* pSrc, Nuv16sc val, Nuv16sc* pDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsMulC_16sc_ISfs(Nuv16sc val, Nuv16sc* pSrcDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsMulC_32s_Sfs(const Nuv32s* pSrc, Nuv32s val, Nuv32s* pDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsMulC_32s_ISfs(Nuv32s val, Nuv32s* pSrcDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsMulC_32sc_Sfs(const Nuv32sc* pSrc, Nuv32sc val, Nuv32sc* pDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsMulC_32sc_ISfs(Nuv32sc val, Nuv32sc* pSrcDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsMulC_32f16s_Sfs(const Nuv32f* pSrc, Nuv32f val, Nuv16s* pDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsMulC_Low_32f16s(const Nuv32f* pSrc, Nuv32f val, Nuv16s* pDst, int len);
+NUVAPI NuvStatus nuvsMulC_64f64s_ISfs(Nuv64f val, Nuv64s* pSrcDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsMulC_64s_ISfs(Nuv64s val, Nuv64s* pSrcDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsAddProduct_16s_Sfs(const Nuv16s* pSrc1, const Nuv16s* pSrc2, Nuv16s* pSrcDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsAddProduct_16s32s_Sfs(const Nuv16s* pSrc1, const Nuv16s* pSrc2, Nuv32s* pSrcDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsAddProduct_32s_Sfs(const Nuv32s* pSrc1, const Nuv32s* pSrc2, Nuv32s* pSrcDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsSqr_8u_Sfs(const Nuv8u* pSrc, Nuv8u* pDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsSqr_8u_ISfs(Nuv8u* pSrcDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsSqr_16s_Sfs(const Nuv16s* pSrc, Nuv16s* pDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsSqr_16s_ISfs(Nuv16s* pSrcDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsSqr_16u_Sfs(const Nuv16u* pSrc, Nuv16u* pDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsSqr_16u_ISfs(Nuv16u* pSrcDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsSqr_16sc_Sfs(const Nuv16sc* pSrc, Nuv16sc* pDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsSqr_16sc_ISfs(Nuv16sc* pSrcDst, int len, int scaleFactor);
+
 /* ================================================================ bit logic and shifts */
 /* (section: logic) */
 /* ---------------------------------------------------------------- element-wise And, Or, Xor */
