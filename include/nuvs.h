@@ -549,6 +549,54 @@ NUVAPI NuvStatus nuvsPackBits_32u8u(const Nuv32u* pSrc, const int* pSrcBitsLen, 
 
 /* ================================================================ conversion */
 /* (section: convert) */
+/* ---------------------------------------------------------------- widening and plain conversions */
+NUVAPI NuvStatus nuvsConvert_8s16s(const Nuv8s* pSrc, Nuv16s* pDst, int len);
+NUVAPI NuvStatus nuvsConvert_8s32f(const Nuv8s* pSrc, Nuv32f* pDst, int len);
+NUVAPI NuvStatus nuvsConvert_8u32f(const Nuv8u* pSrc, Nuv32f* pDst, int len);
+NUVAPI NuvStatus nuvsConvert_16s32f(const Nuv16s* pSrc, Nuv32f* pDst, int len);
+NUVAPI NuvStatus nuvsConvert_16s32s(const Nuv16s* pSrc, Nuv32s* pDst, int len);
+NUVAPI NuvStatus nuvsConvert_16u32f(const Nuv16u* pSrc, Nuv32f* pDst, int len);
+NUVAPI NuvStatus nuvsConvert_16f32f(const Nuv16f* pSrc, Nuv32f* pDst, int len);
+NUVAPI NuvStatus nuvsConvert_24s32f(const Nuv8u* pSrc, Nuv32f* pDst, int len);
+NUVAPI NuvStatus nuvsConvert_24s32s(const Nuv8u* pSrc, Nuv32s* pDst, int len);
+NUVAPI NuvStatus nuvsConvert_24u32f(const Nuv8u* pSrc, Nuv32f* pDst, int len);
+NUVAPI NuvStatus nuvsConvert_24u32u(const Nuv8u* pSrc, Nuv32u* pDst, int len);
+NUVAPI NuvStatus nuvsConvert_32f64f(const Nuv32f* pSrc, Nuv64f* pDst, int len);
+NUVAPI NuvStatus nuvsConvert_32s16s(const Nuv32s* pSrc, Nuv16s* pDst, int len);
+NUVAPI NuvStatus nuvsConvert_32s32f(const Nuv32s* pSrc, Nuv32f* pDst, int len);
+NUVAPI NuvStatus nuvsConvert_32s64f(const Nuv32s* pSrc, Nuv64f* pDst, int len);
+NUVAPI NuvStatus nuvsConvert_64f32f(const Nuv64f* pSrc, Nuv32f* pDst, int len);
+NUVAPI NuvStatus nuvsConvert_64s64f(const Nuv64s* pSrc, Nuv64f* pDst, int len);
+/* ---------------------------------------------------------------- integer to float or integer with scale */
+NUVAPI NuvStatus nuvsConvert_16s32f_Sfs(const Nuv16s* pSrc, Nuv32f* pDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsConvert_16s64f_Sfs(const Nuv16s* pSrc, Nuv64f* pDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsConvert_32s16s_Sfs(const Nuv32s* pSrc, Nuv16s* pDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsConvert_32s24s_Sfs(const Nuv32s* pSrc, Nuv8u* pDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsConvert_32s32f_Sfs(const Nuv32s* pSrc, Nuv32f* pDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsConvert_32s64f_Sfs(const Nuv32s* pSrc, Nuv64f* pDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsConvert_32u24u_Sfs(const Nuv32u* pSrc, Nuv8u* pDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsConvert_32f24s_Sfs(const Nuv32f* pSrc, Nuv8u* pDst, int len, int scaleFactor);
+NUVAPI NuvStatus nuvsConvert_32f24u_Sfs(const Nuv32f* pSrc, Nuv8u* pDst, int len, int scaleFactor);
+/* ---------------------------------------------------------------- half floats */
+NUVAPI NuvStatus nuvsConvert_16s16f(const Nuv16s* pSrc, Nuv16f* pDst, int len, NuvRoundMode rndMode);
+NUVAPI NuvStatus nuvsConvert_32f16f(const Nuv32f* pSrc, Nuv16f* pDst, int len, NuvRoundMode rndMode);
+NUVAPI NuvStatus nuvsConvert_16f16s_Sfs(const Nuv16f* pSrc, Nuv16s* pDst, int len, NuvRoundMode rndMode, int scaleFactor);
+/* ---------------------------------------------------------------- rounding mode and scale */
+NUVAPI NuvStatus nuvsConvert_16s8s_Sfs(const Nuv16s* pSrc, Nuv8s* pDst, int len, NuvRoundMode rndMode, int scaleFactor);
+NUVAPI NuvStatus nuvsConvert_32f8s_Sfs(const Nuv32f* pSrc, Nuv8s* pDst, int len, NuvRoundMode rndMode, int scaleFactor);
+NUVAPI NuvStatus nuvsConvert_32f8u_Sfs(const Nuv32f* pSrc, Nuv8u* pDst, int len, NuvRoundMode rndMode, int scaleFactor);
+NUVAPI NuvStatus nuvsConvert_32f16s_Sfs(const Nuv32f* pSrc, Nuv16s* pDst, int len, NuvRoundMode rndMode, int scaleFactor);
+NUVAPI NuvStatus nuvsConvert_32f16u_Sfs(const Nuv32f* pSrc, Nuv16u* pDst, int len, NuvRoundMode rndMode, int scaleFactor);
+NUVAPI NuvStatus nuvsConvert_32f32s_Sfs(const Nuv32f* pSrc, Nuv32s* pDst, int len, NuvRoundMode rndMode, int scaleFactor);
+NUVAPI NuvStatus nuvsConvert_64f16s_Sfs(const Nuv64f* pSrc, Nuv16s* pDst, int len, NuvRoundMode rndMode, int scaleFactor);
+NUVAPI NuvStatus nuvsConvert_64f32s_Sfs(const Nuv64f* pSrc, Nuv32s* pDst, int len, NuvRoundMode rndMode, int scaleFactor);
+NUVAPI NuvStatus nuvsConvert_64f64s_Sfs(const Nuv64f* pSrc, Nuv64s* pDst, int len, NuvRoundMode rndMode, int scaleFactor);
+NUVAPI NuvStatus nuvsConvert_64s32s_Sfs(const Nuv64s* pSrc, Nuv32s* pDst, int len, NuvRoundMode rndMode, int scaleFactor);
+/* ---------------------------------------------------------------- interleave and separate audio channels */
+NUVAPI NuvStatus nuvsJoinScaled_32f16s_D2L(const Nuv32f* const* pSrc, int nChannels, int chanLen, Nuv16s* pDst);
+NUVAPI NuvStatus nuvsJoinScaled_32f24s_D2L(const Nuv32f* const* pSrc, int nChannels, int chanLen, Nuv8u* pDst);
+NUVAPI NuvStatus nuvsSplitScaled_16s32f_D2L(const Nuv16s* pSrc, Nuv32f* const* pDst, int nChannels, int chanLen);
+NUVAPI NuvStatus nuvsSplitScaled_24s32f_D2L(const Nuv8u* pSrc, Nuv32f* const* pDst, int nChannels, int chanLen);
 
 /* ================================================================ complex and polar */
 /* (section: complex) */
