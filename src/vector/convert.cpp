@@ -24,12 +24,43 @@ constexpr uint64_t kFeatureF16c = 0x4000;
 
 // ---------------------------------------------------------------- drivers
 
-// The blocked loop over eight-element registers: load, f, store.
+// The blocked loop with a main step of two registers, for destinations where two results pack
+// into one store.  Zones and order as nuv::blocked: singles, no-peel zone, peel, blocks of
+// P.block = 2 * P.tail elements, one-register tails, singles.
+template <nuv::BlockPlan P, size_t ElemSize, class Vec2, class Vec, class One>
+NUV_INLINE void blockedPairs(const void* dst, int len, Vec2&& vec2, Vec&& vec, One&& one) {
+    static_assert(P.block == 2 * P.tail);
+    int i = 0;
+    if (len >= P.scalarBelow) {
+        int peel = 0;
+        bool ok = true;
+        if (len >= P.noPeelBelow) {
+            const size_t r = reinterpret_cast<uintptr_t>(dst) % 32;
+            if (r % ElemSize) ok = false;
+            else peel = r ? int((32 - r) / ElemSize) : 0;
+            if (ok && len < peel + P.block) ok = false;
+        }
+        if (ok) {
+            for (; i < peel; ++i) one(i);
+            const int end = len - (len - peel) % P.block;
+            for (; i < end; i += P.block) vec2(i);
+            for (; len - i >= P.tail; i += P.tail) vec(i);
+        }
+    }
+    for (; i < len; ++i) one(i);
+}
+
+// The blocked loop over eight-element registers: load, f, store; two at a time where the
+// destination packs two registers into one store.
 template <class S, class D, class F>
 NUV_INLINE void run8(const S* s, D* d, int len, F f) {
     constexpr nuv::BlockPlan P = sizeof(D) == 3 ? kPlanPacked : nuv::kPlan4B;
-    nuv::blocked<P, sizeof(D)>(
-        d, len, [&](int i) { put(d + i, f(get(s + i))); }, [&](int i) { put1(d + i, f(get1(s + i))); });
+    auto vec = [&](int i) { put(d + i, f(get(s + i))); };
+    auto one = [&](int i) { put1(d + i, f(get1(s + i))); };
+    if constexpr (requires { put2(d, f(get(s)), f(get(s))); })
+        blockedPairs<P, sizeof(D)>(d, len, [&](int i) { put2(d + i, f(get(s + i)), f(get(s + i + 8))); }, vec, one);
+    else
+        nuv::blocked<P, sizeof(D)>(d, len, vec, one);
 }
 
 template <class S, class D, class F>
@@ -161,14 +192,14 @@ struct ToInt {
     NUV_INLINE V prep(V x) const {
         if constexpr (Scaled) x = S::mul(x, f);
         if constexpr (K != Top::Int32) x = S::min(hi, x);  // a NaN passes on to the converter
-        return roundTo<R, T>(x);
+        return R == Rnd::Near ? x : roundTo<R, T>(x);       // nearest: the converter in the nearest state
     }
     NUV_INLINE __m256i finish(__m256i r) const {
         if constexpr (K == Top::Min24) r = _mm256_max_epi32(r, lo);
         return r;
     }
     NUV_INLINE __m256i operator()(__m256 x) const {
-        __m256i r = _mm256_cvttps_epi32(prep(x));
+        __m256i r = R == Rnd::Near ? _mm256_cvtps_epi32(prep(x)) : _mm256_cvttps_epi32(prep(x));
         if constexpr (K == Top::Int32) {
             const __m256 xs = Scaled ? S::mul(x, f) : x;
             r = _mm256_xor_si256(r, _mm256_castps_si256(_mm256_cmp_ps(xs, _mm256_set1_ps(0x1p31f), _CMP_GE_OQ)));
@@ -176,8 +207,8 @@ struct ToInt {
         return finish(r);
     }
     NUV_INLINE __m256i operator()(D8 x) const {
-        const __m128i a = _mm256_cvttpd_epi32(prep(x.lo));
-        const __m128i b = _mm256_cvttpd_epi32(prep(x.hi));
+        const __m128i a = R == Rnd::Near ? _mm256_cvtpd_epi32(prep(x.lo)) : _mm256_cvttpd_epi32(prep(x.lo));
+        const __m128i b = R == Rnd::Near ? _mm256_cvtpd_epi32(prep(x.hi)) : _mm256_cvttpd_epi32(prep(x.hi));
         return finish(_mm256_inserti128_si256(_mm256_castsi128_si256(a), b, 1));
     }
 };
@@ -193,11 +224,14 @@ void toIntWith(const S* s, D* d, int len, T f, T hi, int32_t lo) {
     run8(s, d, len, ToInt<R, Scaled, T, K>{Simd<T>::set1(f), Simd<T>::set1(hi), _mm256_set1_epi32(lo)});
 }
 
+// The state of every float-to-integer kernel: rounding to nearest, and the invalid exception
+// masked while NaN and overflow meet the converter.  Written only where the caller's differs.
+constexpr unsigned kToIntState = nuv::kMxcsrRcNear | kInvalidMask, kToIntMask = nuv::kMxcsrRcMask | kInvalidMask;
+
 // Float or double source to an integer destination: one kernel per rounding mode and scale case.
-// The invalid exception must stay masked while NaN and overflow meet the converter.
 template <Top K, class S, class D>
 void toInt(const S* s, D* d, int len, Rnd r, int sf, S hi, int32_t lo = 0) {
-    nuv::ScopedMxcsr guard(kInvalidMask, kInvalidMask);
+    nuv::ScopedMxcsr guard(kToIntState, kToIntMask);
     const S f = pow2Of<S>(sf);
     if (sf == 0) {
         switch (r) {
@@ -483,7 +517,7 @@ NuvStatus convert16f16sSfs(const Nuv16f* pSrc, Nuv16s* pDst, int len, int rndMod
         return nuvStsOk;
     }
     const Half* s = reinterpret_cast<const Half*>(pSrc);
-    nuv::ScopedMxcsr guard(kInvalidMask, kInvalidMask);
+    nuv::ScopedMxcsr guard(kToIntState, kToIntMask);
     const bool hw = hasF16c();
     if (hw && near) half16sWith<true, Rnd::Near>(s, pDst, len, sf);
     else if (hw) half16sWith<true, Rnd::Zero>(s, pDst, len, sf);

@@ -104,6 +104,25 @@ NUV_INLINE void put24(uint8_t* b, __m256i v) {
 NUV_INLINE void put(I24s* p, __m256i v) { put24(p->b, v); }
 NUV_INLINE void put(I24u* p, __m256i v) { put24(p->b, v); }
 
+// Two registers of 32-bit lanes packed into one store of sixteen elements.
+NUV_INLINE void store16x2(void* p, __m256i packed) {
+    _mm256_storeu_si256(static_cast<__m256i*>(p), _mm256_permute4x64_epi64(packed, 0xD8));
+}
+NUV_INLINE void store8x2(void* p, __m256i packed) {
+    const __m256i v = _mm256_permutevar8x32_epi32(packed, _mm256_setr_epi32(0, 4, 1, 5, 0, 4, 1, 5));
+    _mm_storeu_si128(static_cast<__m128i*>(p), _mm256_castsi256_si128(v));
+}
+NUV_INLINE void put2(int16_t* p, __m256i a, __m256i b) { store16x2(p, _mm256_packs_epi32(a, b)); }
+NUV_INLINE void put2(uint16_t* p, __m256i a, __m256i b) { store16x2(p, _mm256_packus_epi32(a, b)); }
+NUV_INLINE void put2(int8_t* p, __m256i a, __m256i b) {
+    const __m256i w = _mm256_packs_epi32(a, b);
+    store8x2(p, _mm256_packs_epi16(w, w));
+}
+NUV_INLINE void put2(uint8_t* p, __m256i a, __m256i b) {
+    const __m256i w = _mm256_packs_epi32(a, b);
+    store8x2(p, _mm256_packus_epi16(w, w));
+}
+
 NUV_INLINE int32_t lane0(__m256i v) { return _mm256_cvtsi256_si32(v); }
 NUV_INLINE void put1(int32_t* p, __m256i v) { *p = lane0(v); }
 NUV_INLINE void put1(uint32_t* p, __m256i v) { *p = uint32_t(lane0(v)); }
