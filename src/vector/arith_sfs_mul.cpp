@@ -12,7 +12,6 @@
 namespace {
 
 using namespace nuv::sfsmul;
-using nuv::i128;
 
 // Cut-off scales by member: zero above the first number, sign only below the second.
 constexpr Limits kMul16s{30, -15};      // Mul_16s, MulC_16s
@@ -96,13 +95,19 @@ template <class T, Route R>
     else if constexpr (R == Route::Left) return nuv::sat<T>(int64_t(nuv::sat<T>(x)) * (int64_t(1) << k));
     else return x > 0 ? T(nuv::highest<T>) : (x < 0 ? T(nuv::lowest<T>) : T(0));
 }
-// The same for values up to 65 bits.
+// The same for a wrapped 64-bit lane: the exact value lies in (-2^63, 2^63], and 2^63 shows as
+// -2^63.  Rounding works on y = floor(x / 2) as the 16-bit complex kernel does, so nothing leaves
+// 64 bits.
 template <class T, Route R>
-[[gnu::always_inline]] inline T scale128(i128 x, int k) {
-    if constexpr (R == Route::Sat0) return nuv::sat<T>(x);
-    else if constexpr (R == Route::Rne1 || R == Route::Rne) return nuv::sat<T>(nuv::rshiftRne<i128>(x, k));
-    else if constexpr (R == Route::Left) return nuv::sat<T>(int64_t(nuv::sat<T>(x)) * (int64_t(1) << k));
-    else return x > 0 ? T(nuv::highest<T>) : (x < 0 ? T(nuv::lowest<T>) : T(0));
+[[gnu::always_inline]] inline T scaleWrapped64(int64_t x, int k) {
+    const bool top = x == INT64_MIN;
+    if constexpr (R == Route::Rne1 || R == Route::Rne) {
+        const int64_t y = (x >> 1) ^ (top ? INT64_MIN : 0), b = x & 1;
+        if constexpr (R == Route::Rne1) return nuv::sat<T>(y + (b & y & 1));
+        else return nuv::sat<T>((y + ((int64_t(1) << (k - 2)) - 1) + (b | ((y >> (k - 1)) & 1))) >> (k - 1));
+    } else {
+        return scale64<T, R>(top ? INT64_MAX : x, k);
+    }
 }
 
 // dst[n] = scaled(value(n)) for a scalar exact-value functor.
@@ -137,15 +142,16 @@ NuvStatus mul32s32sc(const Nuv32s* a, const Nuv32sc* b, Nuv32sc* d, int len, int
     }, [&] { return nuvsZero_32sc(d, len); });
 }
 
-// Complex 32-bit products: 64-bit products, their sum in 65 bits.
+// Complex 32-bit products: 64-bit products, their sum wrapped to 64 bits.  The real part can't
+// leave 64 bits; the imaginary part does so only for 2^63, which the wrapped route recognises.
 template <class B>
 NuvStatus mul32scWith(const Nuv32sc* a, B&& b, Nuv32sc* d, int len, int sf) {
     return byScale<kMul32sc>(sf, [&]<Route R>(int k) {
         for (int n = 0; n < len; ++n) {
             const Nuv32sc x = a[n], y = b(n);
-            const i128 re = i128(int64_t(x.re) * y.re) - int64_t(x.im) * y.im;
-            const i128 im = i128(int64_t(x.re) * y.im) + int64_t(x.im) * y.re;
-            d[n] = Nuv32sc{scale128<int32_t, R>(re, k), scale128<int32_t, R>(im, k)};
+            const int64_t re = int64_t(x.re) * y.re - int64_t(x.im) * y.im;
+            const int64_t im = int64_t(uint64_t(int64_t(x.re) * y.im) + uint64_t(int64_t(x.im) * y.re));
+            d[n] = Nuv32sc{scaleWrapped64<int32_t, R>(re, k), scaleWrapped64<int32_t, R>(im, k)};
         }
     }, [&] { return nuvsZero_32sc(d, len); });
 }
