@@ -110,36 +110,23 @@ template <class T, Route R>
     }
 }
 
-// dst[n] = scaled(value(n)) for a scalar exact-value functor.
-template <Limits L, class T, class Value, class Zero>
-NuvStatus runScalar64(T* d, int len, int sf, Value&& value, Zero&& zero) {
-    return byScale<L>(sf, [&]<Route R>(int k) {
-        for (int n = 0; n < len; ++n) d[n] = scale64<T, R>(value(n), k);
-    }, zero);
-}
-
 NuvStatus mul16s32s(const Nuv16s* a, const Nuv16s* b, Nuv32s* d, int len, int sf) {
     return run<kMul16s32s>(MulS16S32{a, b, d}, len, sf, [&] { return nuvsZero_32s(d, len); });
 }
 
+template <Limits L, class Op>
+NuvStatus run64(const Op& op, int len, int sf, int32_t* d, int zeroLen) {
+    return byScale<L>(sf, [&]<Route R>(int k) { drive64<R>(op, len, k); }, [&] { return nuvsZero_32s(d, zeroLen); });
+}
 NuvStatus addProduct16s32s(const Nuv16s* a, const Nuv16s* b, Nuv32s* d, int len, int sf) {
-    return runScalar64<kAddProd16s32s>(d, len, sf, [&](int n) { return int64_t(d[n]) + int32_t(a[n]) * b[n]; },
-                                       [&] { return nuvsZero_32s(d, len); });
+    return run64<kAddProd16s32s>(AddProd32<true>{a, b, d}, len, sf, d, len);
 }
 NuvStatus addProduct32s(const Nuv32s* a, const Nuv32s* b, Nuv32s* d, int len, int sf) {
-    return runScalar64<kAddProd32s>(d, len, sf, [&](int n) { return int64_t(d[n]) + int64_t(a[n]) * b[n]; },
-                                    [&] { return nuvsZero_32s(d, len); });
+    return run64<kAddProd32s>(AddProd32<false>{a, b, d}, len, sf, d, len);
 }
-
-// Real 32-bit times complex 32-bit: two 64-bit products.
 NuvStatus mul32s32sc(const Nuv32s* a, const Nuv32sc* b, Nuv32sc* d, int len, int sf) {
-    return byScale<kMul32s>(sf, [&]<Route R>(int k) {
-        for (int n = 0; n < len; ++n) {
-            const int64_t s = a[n];
-            const Nuv32sc v = b[n];
-            d[n] = Nuv32sc{scale64<int32_t, R>(s * v.re, k), scale64<int32_t, R>(s * v.im, k)};
-        }
-    }, [&] { return nuvsZero_32sc(d, len); });
+    const auto op = MulS32SC32{a, reinterpret_cast<const int32_t*>(b), reinterpret_cast<int32_t*>(d)};
+    return byScale<kMul32s>(sf, [&]<Route R>(int k) { drive64<R>(op, len, k); }, [&] { return nuvsZero_32sc(d, len); });
 }
 
 // Complex 32-bit products: 64-bit products, their sum wrapped to 64 bits.  The real part can't
@@ -201,13 +188,10 @@ NuvStatus mulC32s(const Nuv32s* a, Nuv32s v, Nuv32s* d, int len, int sf) {
 // no saturation; a left shift wraps the same way.  Beyond the left limit the sign route.
 NuvStatus mulLow32s(const Nuv32s* a, const Nuv32s* b, Nuv32s* d, int len, int sf) {
     if (sf > kMul32s.right) return nuvsZero_32s(d, len);
-    if (sf < kMul32s.left) {
-        for (int n = 0; n < len; ++n) d[n] = scale64<int32_t, Route::Sign>(int64_t(a[n]) * b[n], 0);
-    } else if (sf >= 0) {
-        for (int n = 0; n < len; ++n) d[n] = int32_t(uint32_t(uint64_t((int64_t(a[n]) * b[n]) >> sf)));
-    } else {
-        for (int n = 0; n < len; ++n) d[n] = int32_t(uint32_t(uint64_t(int64_t(a[n]) * b[n]) << -sf));
-    }
+    const MulLow32 op{a, b, d};
+    if (sf < kMul32s.left) driveWith(op, len, Scaler64<Route::Sign>(0));
+    else if (sf >= 0) driveWith(op, len, LowShift<false>(sf));
+    else driveWith(op, len, LowShift<true>(-sf));
     return nuvStsOk;
 }
 

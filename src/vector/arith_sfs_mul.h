@@ -8,6 +8,7 @@
 
 #include <cstdint>
 #include <cstring>
+#include <type_traits>
 
 #include "frame/round.h"
 #include "frame/simd.h"
@@ -378,6 +379,140 @@ NUV_INLINE void drive(const Op& op, int len, int k) {
     int i = 0;
     for (; i <= len - Op::kStep; i += Op::kStep) op.template step<true>(i, Op::kStep, sc);
     if (i < len) op.template step<false>(i, len - i, sc);
+}
+
+// ---------------------------------------------------------------- 32-bit results from 64-bit lanes
+// Members with 32-bit results form their exact values in 64-bit lanes: the even-numbered 32-bit
+// elements of a register in one vector of four, the odd-numbered ones in another, so that the
+// results blend back into place without a permute.
+NUV_INLINE __m256i sra64(__m256i x, __m128i k) {
+    const __m256i s = _mm256_cmpgt_epi64(_mm256_setzero_si256(), x);
+    return _mm256_xor_si256(_mm256_srl_epi64(_mm256_xor_si256(x, s), k), s);
+}
+// The even (Odd = false) or odd 32-bit elements sign-extended to 64 bits.
+template <bool Odd>
+NUV_INLINE __m256i sext64(__m256i v) {
+    if constexpr (Odd) v = _mm256_srli_epi64(v, 32);
+    const __m256i m = _mm256_set1_epi64x(0x80000000);
+    return _mm256_sub_epi64(_mm256_xor_si256(_mm256_and_si256(v, _mm256_set1_epi64x(0xFFFFFFFF)), m), m);
+}
+NUV_INLINE __m256i sat32of64(__m256i x) {
+    const __m256i hi = _mm256_set1_epi64x(INT32_MAX), lo = _mm256_set1_epi64x(INT32_MIN);
+    x = _mm256_blendv_epi8(x, hi, _mm256_cmpgt_epi64(x, hi));
+    return _mm256_blendv_epi8(x, lo, _mm256_cmpgt_epi64(lo, x));
+}
+NUV_INLINE __m256i join64(__m256i even, __m256i odd) { return _mm256_blend_epi32(even, _mm256_slli_epi64(odd, 32), 0xAA); }
+
+// Scalers on exact values in 64-bit lanes (|x| < 2^63 - 2^61), results in the 32-bit range.
+template <Route R>
+struct Scaler64;
+template <>
+struct Scaler64<Route::Sat0> {
+    explicit Scaler64(int) {}
+    NUV_INLINE __m256i operator()(__m256i x) const { return sat32of64(x); }
+};
+template <>
+struct Scaler64<Route::Rne> {
+    __m128i s;
+    __m256i bias;
+    explicit Scaler64(int k) : s(cnt(k)), bias(_mm256_set1_epi64x((int64_t(1) << (k - 1)) - 1)) {}
+    NUV_INLINE __m256i operator()(__m256i x) const {
+        const __m256i q = _mm256_and_si256(_mm256_srl_epi64(x, s), _mm256_set1_epi64x(1));
+        return sat32of64(sra64(_mm256_add_epi64(_mm256_add_epi64(x, bias), q), s));
+    }
+};
+template <>
+struct Scaler64<Route::Rne1> : Scaler64<Route::Rne> {
+    using Scaler64<Route::Rne>::Scaler64;
+};
+template <>
+struct Scaler64<Route::Left> {
+    __m128i s;
+    explicit Scaler64(int k) : s(cnt(k)) {}
+    NUV_INLINE __m256i operator()(__m256i x) const { return sat32of64(_mm256_sll_epi64(sat32of64(x), s)); }
+};
+template <>
+struct Scaler64<Route::Sign> {
+    explicit Scaler64(int) {}
+    NUV_INLINE __m256i operator()(__m256i x) const {
+        const __m256i z = _mm256_setzero_si256();
+        return _mm256_or_si256(_mm256_and_si256(_mm256_cmpgt_epi64(x, z), _mm256_set1_epi64x(INT32_MAX)),
+                               _mm256_and_si256(_mm256_cmpgt_epi64(z, x), _mm256_set1_epi64x(INT32_MIN)));
+    }
+};
+
+// 32s times 32s (16s times 16s when Narrow) plus the 32-bit destination, 8 elements a step.
+template <bool Narrow>
+struct AddProd32 {
+    using Src = std::conditional_t<Narrow, int16_t, int32_t>;
+    static constexpr int kStep = 8;
+    const Src* a;
+    const Src* b;
+    int32_t* d;
+    template <bool F, class S>
+    NUV_INLINE void step(int i, int n, const S& sc) const {
+        __m256i va, vb;
+        if constexpr (Narrow) {
+            va = _mm256_mullo_epi32(_mm256_cvtepi16_epi32(ld128<F>(a + i, 2 * n)), _mm256_cvtepi16_epi32(ld128<F>(b + i, 2 * n)));
+            vb = _mm256_set1_epi32(1);  // the 32-bit product times one
+        } else {
+            va = ld256<F>(a + i, 4 * n);
+            vb = ld256<F>(b + i, 4 * n);
+        }
+        const __m256i vd = ld256<F>(d + i, 4 * n);
+        const __m256i even = _mm256_add_epi64(_mm256_mul_epi32(va, vb), sext64<false>(vd));
+        const __m256i odd = _mm256_add_epi64(_mm256_mul_epi32(_mm256_srli_epi64(va, 32), _mm256_srli_epi64(vb, 32)), sext64<true>(vd));
+        st256<F>(d + i, join64(sc(even), sc(odd)), 4 * n);
+    }
+};
+
+// Real 32s times complex 32s, 4 complex elements a step: the real factor duplicated onto both words.
+struct MulS32SC32 {
+    static constexpr int kStep = 4;
+    const int32_t* a;
+    const int32_t* b;  // word pairs
+    int32_t* d;        // word pairs
+    template <bool F, class S>
+    NUV_INLINE void step(int i, int n, const S& sc) const {
+        const __m256i va = _mm256_cvtepu32_epi64(ld128<F>(a + i, 4 * n));  // a[j] in the low word of lane j
+        const __m256i vb = ld256<F>(b + 2 * i, 8 * n);
+        const __m256i re = _mm256_mul_epi32(va, vb), im = _mm256_mul_epi32(va, _mm256_srli_epi64(vb, 32));
+        st256<F>(d + 2 * i, join64(sc(re), sc(im)), 8 * n);
+    }
+};
+
+// The reduced 32-bit product: shifted in 64 bits and cut to the low word, no rounding and no
+// saturation.  Left is a left shift by k, otherwise an arithmetic right shift by k.
+template <bool Left>
+struct LowShift {
+    __m128i s;
+    explicit LowShift(int k) : s(cnt(k)) {}
+    NUV_INLINE __m256i operator()(__m256i x) const { return Left ? _mm256_sll_epi64(x, s) : sra64(x, s); }
+};
+struct MulLow32 {
+    static constexpr int kStep = 8;
+    const int32_t* a;
+    const int32_t* b;
+    int32_t* d;
+    template <bool F, class S>
+    NUV_INLINE void step(int i, int n, const S& sc) const {
+        const __m256i va = ld256<F>(a + i, 4 * n), vb = ld256<F>(b + i, 4 * n);
+        const __m256i even = _mm256_mul_epi32(va, vb);
+        const __m256i odd = _mm256_mul_epi32(_mm256_srli_epi64(va, 32), _mm256_srli_epi64(vb, 32));
+        st256<F>(d + i, join64(sc(even), sc(odd)), 4 * n);
+    }
+};
+
+template <class Sc, class Op>
+NUV_INLINE void driveWith(const Op& op, int len, const Sc& sc) {
+    int i = 0;
+    for (; i <= len - Op::kStep; i += Op::kStep) op.template step<true>(i, Op::kStep, sc);
+    if (i < len) op.template step<false>(i, len - i, sc);
+}
+
+template <Route R, class Op>
+NUV_INLINE void drive64(const Op& op, int len, int k) {
+    driveWith(op, len, Scaler64<R>(k));
 }
 
 }  // namespace nuv::sfsmul
