@@ -356,7 +356,7 @@ NuvStatus convert16s8sSfs(const Nuv16s* pSrc, Nuv8s* pDst, int len, int rndMode,
     return nuvStsOk;
 }
 
-// 64-bit to 32-bit with scale, element by element in 128-bit arithmetic.
+// 64-bit to 32-bit by 64 or 65 places, in 128-bit arithmetic.
 template <Rnd R>
 NUV_INLINE int32_t shr64(int64_t x, int k) {
     using nuv::i128;
@@ -373,23 +373,61 @@ NUV_INLINE int32_t shr64(int64_t x, int k) {
     return nuv::sat<int32_t>(q);
 }
 
+// 64-bit lanes to 32-bit lanes with scale.  Right shifts by k of 1..63: Near as ShiftR (the
+// arithmetic shift made from a logical one between sign flips); Zero and Away shift the
+// magnitude, which as an unsigned value holds even the lowest element plus the half.  Left shifts
+// by k up to 31 compare with the top and bottom that survive the shift.  Then saturation.
+template <int Kind, Rnd R = Rnd::Near>  // Kind: 0 saturate only, 1 right shift, -1 left shift
+struct S64To32 {
+    __m128i cnt;
+    __m256i mask, half, hiK, loK;
+    explicit S64To32(int k)
+        : cnt(_mm_cvtsi32_si128(k)), mask(_mm256_set1_epi64x(int64_t((uint64_t(1) << k) - 1))),
+          half(_mm256_set1_epi64x(int64_t(uint64_t(1) << (k > 0 ? k - 1 : 0)))),
+          hiK(_mm256_set1_epi64x(INT32_MAX >> (k > 31 ? 31 : k))), loK(_mm256_set1_epi64x(int64_t(INT32_MIN) >> (k > 31 ? 31 : k))) {}
+
+    NUV_INLINE __m256i lanes4(__m256i x) const {
+        const __m256i top = _mm256_set1_epi64x(INT32_MAX), bottom = _mm256_set1_epi64x(INT32_MIN);
+        __m256i q = x;
+        if constexpr (Kind > 0) {
+            const __m256i s = _mm256_cmpgt_epi64(_mm256_setzero_si256(), x);
+            if constexpr (R == Rnd::Near) {
+                q = _mm256_xor_si256(_mm256_srl_epi64(_mm256_xor_si256(x, s), cnt), s);
+                const __m256i odd = _mm256_and_si256(q, _mm256_set1_epi64x(1));
+                q = _mm256_sub_epi64(q, _mm256_cmpgt_epi64(_mm256_and_si256(x, mask), _mm256_sub_epi64(half, odd)));
+            } else {
+                __m256i a = _mm256_sub_epi64(_mm256_xor_si256(x, s), s);
+                if constexpr (R == Rnd::Away) a = _mm256_add_epi64(a, half);
+                q = _mm256_sub_epi64(_mm256_xor_si256(_mm256_srl_epi64(a, cnt), s), s);
+            }
+        } else if constexpr (Kind < 0) {
+            q = _mm256_blendv_epi8(_mm256_sll_epi64(x, cnt), top, _mm256_cmpgt_epi64(x, hiK));
+            return _mm256_blendv_epi8(q, bottom, _mm256_cmpgt_epi64(loK, x));
+        }
+        q = _mm256_blendv_epi8(q, top, _mm256_cmpgt_epi64(q, top));
+        return _mm256_blendv_epi8(q, bottom, _mm256_cmpgt_epi64(bottom, q));
+    }
+    NUV_INLINE __m256i operator()(Q8 x) const {
+        const __m256i even = _mm256_setr_epi32(0, 2, 4, 6, 0, 2, 4, 6);
+        const __m256i a = _mm256_permutevar8x32_epi32(lanes4(x.lo), even), b = _mm256_permutevar8x32_epi32(lanes4(x.hi), even);
+        return _mm256_inserti128_si256(a, _mm256_castsi256_si128(b), 1);
+    }
+};
+
 template <Rnd R>
 void shift64s32s(const Nuv64s* pSrc, Nuv32s* pDst, int len, int k) {
-    for (int i = 0; i < len; ++i) pDst[i] = shr64<R>(pSrc[i], k);
+    const int64_t* s = reinterpret_cast<const int64_t*>(pSrc);
+    if (k < 64) run8(s, pDst, len, S64To32<1, R>(k));
+    else for (int i = 0; i < len; ++i) pDst[i] = shr64<R>(s[i], k);  // at most one element is not zero
 }
 
 NuvStatus convert64s32sSfs(const Nuv64s* pSrc, Nuv32s* pDst, int len, int rndMode, int sf) {
     if (NuvStatus st = nuv::check(len, pSrc, pDst)) return st;
+    const int64_t* s = reinterpret_cast<const int64_t*>(pSrc);
     if (sf == 0) {
-        for (int i = 0; i < len; ++i) pDst[i] = nuv::sat<int32_t>(pSrc[i]);
+        run8(s, pDst, len, S64To32<0>(0));
     } else if (sf < 0) {
-        // Compare with the top and bottom that survive the shift, then shift.
-        const int k = sf < -31 ? 31 : -sf;
-        const int64_t hi = INT32_MAX >> k, lo = int64_t(INT32_MIN) >> k;
-        for (int i = 0; i < len; ++i) {
-            const int64_t x = pSrc[i];
-            pDst[i] = x > hi ? INT32_MAX : (x < lo ? INT32_MIN : int32_t(x * (int64_t(1) << k)));
-        }
+        run8(s, pDst, len, S64To32<-1>(sf < -31 ? 31 : -sf));
     } else {
         // From 65 on every mode gives zero for every element.
         const int k = sf > 65 ? 65 : sf;

@@ -32,6 +32,14 @@ NUV_INLINE __m256i get(const int32_t* p) { return _mm256_loadu_si256(reinterpret
 NUV_INLINE __m256i get(const uint32_t* p) { return _mm256_loadu_si256(reinterpret_cast<const __m256i*>(p)); }
 NUV_INLINE __m256 get(const float* p) { return _mm256_loadu_ps(p); }
 NUV_INLINE D8 get(const double* p) { return {_mm256_loadu_pd(p), _mm256_loadu_pd(p + 4)}; }
+// Eight 64-bit integers as two registers.
+struct Q8 {
+    __m256i lo, hi;
+};
+NUV_INLINE Q8 get(const int64_t* p) {
+    return {_mm256_loadu_si256(reinterpret_cast<const __m256i*>(p)), _mm256_loadu_si256(reinterpret_cast<const __m256i*>(p + 4))};
+}
+NUV_INLINE Q8 get1(const int64_t* p) { return {_mm256_set1_epi64x(*p), _mm256_set1_epi64x(*p)}; }
 NUV_INLINE __m128i get(const Half* p) { return _mm_loadu_si128(reinterpret_cast<const __m128i*>(p)); }
 
 // 24 bytes as eight lanes, each element's bytes at the bottom of its lane (Top: at the top).
