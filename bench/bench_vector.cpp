@@ -150,6 +150,53 @@ std::vector<Kernel> kernels() {
             LIBC(std::memset(a[0], 0, size_t(n) * 4)),
             LOOP(auto* x = P<float>(a, 0); for (int i = 0; i < n; ++i) x[i] = 0.0f),
         }},
+        {"Convert_32f16s_Sfs", 2, 4, true, {
+            NUV(nuvsConvert_32f16s_Sfs(P<float>(a, 0), P<Nuv16s>(a, 1), n, nuvRndNear, -14)),
+            LOOP(auto* x = P<float>(a, 0); auto* y = P<Nuv16s>(a, 1);
+                 for (int i = 0; i < n; ++i) y[i] = Nuv16s(std::clamp(std::nearbyint(x[i] * 16384.0f), -32768.0f, 32767.0f))),
+#ifdef NUVS_HAVE_VOLK
+            VOLK_ROWS(volk_32f_s32f_convert_16i, P<int16_t>(a, 1), F(0), 16384.0f, unsigned(n)),
+#endif
+        }},
+        {"Convert_16s32f", 2, 4, false, {
+            NUV(nuvsConvert_16s32f(P<Nuv16s>(a, 0), P<float>(a, 1), n)),
+            LOOP(auto* x = P<Nuv16s>(a, 0); auto* y = P<float>(a, 1); for (int i = 0; i < n; ++i) y[i] = float(x[i])),
+#ifdef NUVS_HAVE_VOLK
+            VOLK_ROWS(volk_16i_s32f_convert_32f, F(1), P<int16_t>(a, 0), 1.0f, unsigned(n)),
+#endif
+        }},
+        {"Magnitude_32fc", 2, 8, true, {
+            NUV(nuvsMagnitude_32fc(P<Nuv32fc>(a, 0), P<float>(a, 1), n)),
+            LOOP(auto* x = P<Nuv32fc>(a, 0); auto* y = P<float>(a, 1);
+                 for (int i = 0; i < n; ++i) y[i] = std::sqrt(x[i].re * x[i].re + x[i].im * x[i].im)),
+#ifdef NUVS_HAVE_VOLK
+            VOLK_ROWS(volk_32fc_magnitude_32f, F(1), C(0), unsigned(n)),
+#endif
+        }},
+        {"PowerSpectr_32fc", 2, 8, true, {
+            NUV(nuvsPowerSpectr_32fc(P<Nuv32fc>(a, 0), P<float>(a, 1), n)),
+            LOOP(auto* x = P<Nuv32fc>(a, 0); auto* y = P<float>(a, 1);
+                 for (int i = 0; i < n; ++i) y[i] = x[i].re * x[i].re + x[i].im * x[i].im),
+#ifdef NUVS_HAVE_VOLK
+            VOLK_ROWS(volk_32fc_magnitude_squared_32f, F(1), C(0), unsigned(n)),
+#endif
+        }},
+        {"Phase_32fc", 2, 8, true, {
+            NUV(nuvsPhase_32fc(P<Nuv32fc>(a, 0), P<float>(a, 1), n)),
+            LOOP(auto* x = P<Nuv32fc>(a, 0); auto* y = P<float>(a, 1);
+                 for (int i = 0; i < n; ++i) y[i] = std::atan2(x[i].im, x[i].re)),
+#ifdef NUVS_HAVE_VOLK
+            VOLK_ROWS(volk_32fc_s32f_atan2_32f, F(1), C(0), 1.0f, unsigned(n)),
+#endif
+        }},
+        {"Conj_32fc", 2, 8, true, {
+            NUV(nuvsConj_32fc(P<Nuv32fc>(a, 0), P<Nuv32fc>(a, 1), n)),
+            LOOP(auto* x = P<Nuv32fc>(a, 0); auto* y = P<Nuv32fc>(a, 1);
+                 for (int i = 0; i < n; ++i) y[i] = {x[i].re, -x[i].im}),
+#ifdef NUVS_HAVE_VOLK
+            VOLK_ROWS(volk_32fc_conjugate_32fc, C(1), C(0), unsigned(n)),
+#endif
+        }},
         {"Flip_32f", 2, 4, true, {
             NUV(nuvsFlip_32f(P<float>(a, 0), P<float>(a, 1), n)),
             LOOP(auto* x = P<float>(a, 0); auto* y = P<float>(a, 1); for (int i = 0; i < n; ++i) y[i] = x[n - 1 - i]),
