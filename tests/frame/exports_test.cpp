@@ -99,12 +99,12 @@ public:
         if constexpr (std::is_pointer_v<A>) {
             if (int(i) == null_) return nullptr;
             using P = std::remove_cv_t<std::remove_pointer_t<A>>;
-            auto& g = bufs_.emplace_back(std::make_unique<nt::Guarded>(256));
+            nt::Guarded* g = bufs_.emplace_back(std::make_unique<nt::Guarded>(256)).get();
             if constexpr (std::is_pointer_v<P>) {
                 // An array of channel pointers: each points to a guarded buffer of its own.
                 auto* slots = reinterpret_cast<void**>(g->data());
                 for (int c = 0; c < 4; ++c) slots[c] = bufs_.emplace_back(std::make_unique<nt::Guarded>(256))->data();
-                channelArrays_.push_back(g.get());
+                channelArrays_.push_back(g);
             }
             return reinterpret_cast<A>(g->data());
         } else if constexpr (std::is_integral_v<A>) {
