@@ -87,29 +87,6 @@ NuvStatus mulC16sc(const Nuv16sc* a, Nuv16sc v, Nuv16sc* d, int len, int sf) {
 }
 
 // ---------------------------------------------------------------- 32-bit members
-// Exact values up to 64 bits, scalar per element with the route fixed per call.
-template <class T, Route R>
-[[gnu::always_inline]] inline T scale64(int64_t x, int k) {
-    if constexpr (R == Route::Sat0) return nuv::sat<T>(x);
-    else if constexpr (R == Route::Rne1 || R == Route::Rne) return nuv::sat<T>(nuv::rshiftRne<int64_t>(x, k));
-    else if constexpr (R == Route::Left) return nuv::sat<T>(int64_t(nuv::sat<T>(x)) * (int64_t(1) << k));
-    else return x > 0 ? T(nuv::highest<T>) : (x < 0 ? T(nuv::lowest<T>) : T(0));
-}
-// The same for a wrapped 64-bit lane: the exact value lies in (-2^63, 2^63], and 2^63 shows as
-// -2^63.  Rounding works on y = floor(x / 2) as the 16-bit complex kernel does, so nothing leaves
-// 64 bits.
-template <class T, Route R>
-[[gnu::always_inline]] inline T scaleWrapped64(int64_t x, int k) {
-    const bool top = x == INT64_MIN;
-    if constexpr (R == Route::Rne1 || R == Route::Rne) {
-        const int64_t y = (x >> 1) ^ (top ? INT64_MIN : 0), b = x & 1;
-        if constexpr (R == Route::Rne1) return nuv::sat<T>(y + (b & y & 1));
-        else return nuv::sat<T>((y + ((int64_t(1) << (k - 2)) - 1) + (b | ((y >> (k - 1)) & 1))) >> (k - 1));
-    } else {
-        return scale64<T, R>(top ? INT64_MAX : x, k);
-    }
-}
-
 NuvStatus mul16s32s(const Nuv16s* a, const Nuv16s* b, Nuv32s* d, int len, int sf) {
     return run<kMul16s32s>(MulS16S32{a, b, d}, len, sf, [&] { return nuvsZero_32s(d, len); });
 }
@@ -129,19 +106,15 @@ NuvStatus mul32s32sc(const Nuv32s* a, const Nuv32sc* b, Nuv32sc* d, int len, int
     return byScale<kMul32s>(sf, [&]<Route R>(int k) { drive64<R>(op, len, k); }, [&] { return nuvsZero_32sc(d, len); });
 }
 
-// Complex 32-bit products: 64-bit products, their sum wrapped to 64 bits.  The real part can't
-// leave 64 bits; the imaginary part does so only for 2^63, which the wrapped route recognises.
+// Complex 32-bit products: 64-bit products, their sum wrapped to 64 bits.
 template <class B>
-NuvStatus mul32scWith(const Nuv32sc* a, B&& b, Nuv32sc* d, int len, int sf) {
-    return byScale<kMul32sc>(sf, [&]<Route R>(int k) {
-        for (int n = 0; n < len; ++n) {
-            const Nuv32sc x = a[n], y = b(n);
-            const int64_t re = int64_t(x.re) * y.re - int64_t(x.im) * y.im;
-            const int64_t im = int64_t(uint64_t(int64_t(x.re) * y.im) + uint64_t(int64_t(x.im) * y.re));
-            d[n] = Nuv32sc{scaleWrapped64<int32_t, R>(re, k), scaleWrapped64<int32_t, R>(im, k)};
-        }
-    }, [&] { return nuvsZero_32sc(d, len); });
+NuvStatus mul32scWith(const Nuv32sc* a, B b, Nuv32sc* d, int len, int sf) {
+    const MulSC32<B> op{reinterpret_cast<const int32_t*>(a), b, reinterpret_cast<int32_t*>(d)};
+    return byScale<kMul32sc>(sf, [&]<Route R>(int k) { driveWith(op, len, ScalerW64<R>(k)); },
+                             [&] { return nuvsZero_32sc(d, len); });
 }
+
+ConstC32 constC32(Nuv32sc v) { return ConstC32{_mm256_set1_epi64x(int64_t(uint32_t(v.re)) | int64_t(uint64_t(uint32_t(v.im)) << 32))}; }
 
 // Mul_32s through double: each operand to double, the product rounded to 53 bits, scaled by the
 // exact power of two, limited to the 32-bit range and rounded to nearest even.  Beyond the left
@@ -291,11 +264,11 @@ NuvStatus nuvsMul_32sc_Sfs(const Nuv32sc* pSrc1, const Nuv32sc* pSrc2, Nuv32sc* 
     if (NuvStatus s = nuv::check(len, pSrc1, pSrc2, pDst)) return s;
     if (pDst == pSrc1) return nuvsMul_32sc_ISfs(pSrc2, pDst, len, scaleFactor);
     if (pDst == pSrc2) return nuvsMul_32sc_ISfs(pSrc1, pDst, len, scaleFactor);
-    return mul32scWith(pSrc1, [&](int n) { return pSrc2[n]; }, pDst, len, scaleFactor);
+    return mul32scWith(pSrc1, ArrC32{reinterpret_cast<const int32_t*>(pSrc2)}, pDst, len, scaleFactor);
 }
 NuvStatus nuvsMul_32sc_ISfs(const Nuv32sc* pSrc, Nuv32sc* pSrcDst, int len, int scaleFactor) {
     if (NuvStatus s = nuv::check(len, pSrc, pSrcDst)) return s;
-    return mul32scWith(pSrcDst, [&](int n) { return pSrc[n]; }, pSrcDst, len, scaleFactor);
+    return mul32scWith(pSrcDst, ArrC32{reinterpret_cast<const int32_t*>(pSrc)}, pSrcDst, len, scaleFactor);
 }
 NuvStatus nuvsMul_32s32sc_Sfs(const Nuv32s* pSrc1, const Nuv32sc* pSrc2, Nuv32sc* pDst, int len, int scaleFactor) {
     if (NuvStatus s = nuv::check(len, pSrc1, pSrc2, pDst)) return s;
@@ -353,11 +326,11 @@ NuvStatus nuvsMulC_32s_ISfs(Nuv32s val, Nuv32s* pSrcDst, int len, int scaleFacto
 }
 NuvStatus nuvsMulC_32sc_Sfs(const Nuv32sc* pSrc, Nuv32sc val, Nuv32sc* pDst, int len, int scaleFactor) {
     if (NuvStatus s = nuv::check(len, pSrc, pDst)) return s;
-    return mul32scWith(pSrc, [val](int) { return val; }, pDst, len, scaleFactor);
+    return mul32scWith(pSrc, constC32(val), pDst, len, scaleFactor);
 }
 NuvStatus nuvsMulC_32sc_ISfs(Nuv32sc val, Nuv32sc* pSrcDst, int len, int scaleFactor) {
     if (NuvStatus s = nuv::check(len, pSrcDst)) return s;
-    return mul32scWith(pSrcDst, [val](int) { return val; }, pSrcDst, len, scaleFactor);
+    return mul32scWith(pSrcDst, constC32(val), pSrcDst, len, scaleFactor);
 }
 NuvStatus nuvsMulC_32f16s_Sfs(const Nuv32f* pSrc, Nuv32f val, Nuv16s* pDst, int len, int scaleFactor) {
     if (NuvStatus s = nuv::check(len, pSrc, pDst)) return s;

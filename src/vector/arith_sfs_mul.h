@@ -503,6 +503,64 @@ struct MulLow32 {
     }
 };
 
+// Complex 32s times complex 32s (or a constant), 4 complex elements a step.  The real part fits
+// 64 bits; the imaginary part wraps only for 2^63, which shows as -2^63 and is recognised.
+template <Route R>
+struct ScalerW64 {
+    Scaler64<R> inner;
+    explicit ScalerW64(int k) : inner(k) {}
+    NUV_INLINE __m256i operator()(__m256i x) const {
+        return inner(_mm256_add_epi64(x, _mm256_cmpeq_epi64(x, _mm256_set1_epi64x(INT64_MIN))));
+    }
+};
+// Rounding on y = floor(x / 2) with the dropped bit b, as in the 32-bit lanes.
+template <>
+struct ScalerW64<Route::Rne> {
+    __m128i s;
+    __m256i bias;
+    explicit ScalerW64(int k) : s(cnt(k - 1)), bias(_mm256_set1_epi64x((int64_t(1) << (k - 1)) / 2 - 1)) {}
+    NUV_INLINE __m256i operator()(__m256i x) const {
+        const __m256i one = _mm256_set1_epi64x(1), top = _mm256_set1_epi64x(INT64_MIN);
+        const __m256i y = _mm256_xor_si256(sra64(x, _mm_cvtsi32_si128(1)), _mm256_and_si256(_mm256_cmpeq_epi64(x, top), top));
+        const __m256i q = _mm256_or_si256(_mm256_and_si256(x, one), _mm256_and_si256(_mm256_srl_epi64(y, s), one));
+        return sat32of64(sra64(_mm256_add_epi64(_mm256_add_epi64(y, bias), q), s));
+    }
+};
+template <>
+struct ScalerW64<Route::Rne1> {
+    explicit ScalerW64(int) {}
+    NUV_INLINE __m256i operator()(__m256i x) const {
+        const __m256i top = _mm256_set1_epi64x(INT64_MIN);
+        const __m256i y = _mm256_xor_si256(sra64(x, _mm_cvtsi32_si128(1)), _mm256_and_si256(_mm256_cmpeq_epi64(x, top), top));
+        return sat32of64(_mm256_add_epi64(y, _mm256_and_si256(_mm256_and_si256(x, y), _mm256_set1_epi64x(1))));
+    }
+};
+
+struct ArrC32 {
+    const int32_t* p;  // word pairs
+    template <bool F> NUV_INLINE __m256i get(int i, int n) const { return ld256<F>(p + 2 * i, 8 * n); }
+};
+struct ConstC32 {
+    __m256i v;
+    template <bool F> NUV_INLINE __m256i get(int, int) const { return v; }
+};
+
+template <class B>
+struct MulSC32 {
+    static constexpr int kStep = 4;
+    const int32_t* a;  // word pairs
+    B b;
+    int32_t* d;
+    template <bool F, class S>
+    NUV_INLINE void step(int i, int n, const S& sc) const {
+        const __m256i va = ld256<F>(a + 2 * i, 8 * n), vb = b.template get<F>(i, n);
+        const __m256i aIm = _mm256_srli_epi64(va, 32), bIm = _mm256_srli_epi64(vb, 32);
+        const __m256i re = _mm256_sub_epi64(_mm256_mul_epi32(va, vb), _mm256_mul_epi32(aIm, bIm));
+        const __m256i im = _mm256_add_epi64(_mm256_mul_epi32(va, bIm), _mm256_mul_epi32(aIm, vb));
+        st256<F>(d + 2 * i, join64(sc(re), sc(im)), 8 * n);
+    }
+};
+
 template <class Sc, class Op>
 NUV_INLINE void driveWith(const Op& op, int len, const Sc& sc) {
     int i = 0;
