@@ -24,8 +24,9 @@ constexpr BlockPlan kPlanSqr4BInPl {16, 33, 32,  8};   // Sqr_32f_I
 constexpr BlockPlan kPlanSqr8B     {16, 16, 16, 16};   // Sqr_64f
 constexpr BlockPlan kPlanSqrCplx   { 8,  8,  8,  8};   // Sqr_32fc, Sqr_64fc
 
-// Above this working set AddProduct prefetches ahead on all three arrays.
-constexpr int64_t kAddProductPrefetchAbove = 32768;
+// Above this working set AddProduct prefetches ahead on all three arrays.  Below it the data sit
+// in L1 or L2, where software prefetches only compete with the loads for the load ports.
+constexpr int64_t kAddProductPrefetchAbove = 2 << 20;
 
 // Words of a complex array.
 inline const float* w(const Nuv32fc* p) { return reinterpret_cast<const float*>(p); }
