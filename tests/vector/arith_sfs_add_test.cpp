@@ -8,6 +8,7 @@
 #include <sstream>
 
 #include "support/generic.h"
+#include "support/model.h"
 #include "support/support.h"
 
 NT_GENERIC_RULE(nuvsAdd_16sc_Sfs, nt::LenFirst);
@@ -25,23 +26,7 @@ namespace {
 
 using i128 = __int128;
 
-// x * 2^-sf rounded (mode 1: ties to even, 0: toward zero, other: ties away from zero), clamped
-// to [lo, hi].  Floor division with remainder; |x| < 2^66 and sf >= -40 keep it within 128 bits.
-i128 model(i128 x, int sf, i128 lo, i128 hi, int mode = 1) {
-    i128 v;
-    if (sf <= 0) {
-        v = x * (i128(1) << -sf);
-    } else {
-        const i128 d = i128(1) << sf;
-        i128 q = x / d, r = x % d;
-        if (r < 0) r += d, q -= 1;  // now x = q d + r with 0 <= r < d
-        if (mode == 0) q += (x < 0 && r != 0);
-        else if (2 * r > d) q += 1;
-        else if (2 * r == d) q += mode == 1 ? (q & 1) : (x > 0);
-        v = q;
-    }
-    return v < lo ? lo : (v > hi ? hi : v);
-}
+using nt::scaleRule;
 
 enum class K { Add, Sub, AddC, SubC, SubCRev };
 
@@ -125,7 +110,7 @@ void sweep(const Member& m, const OutOfPlace<E>& sfs, const InPlace<E>& isfs) {
                 const W* got = reinterpret_cast<const W*>(out);
                 for (int j = 0; j < len * kW; ++j) {
                     const i128 xj = x[size_t(j)], yj = y[size_t(yConst ? j % kW : j)];
-                    const i128 want = sf >= m.zeroFrom ? 0 : model(exact(m.kind, xj, yj), sf, lo<W>(), hi<W>(), m.mode);
+                    const i128 want = sf >= m.zeroFrom ? 0 : scaleRule(exact(m.kind, xj, yj), sf, lo<W>(), hi<W>(), m.mode);
                     if (i128(got[j]) != want) {
                         ADD_FAILURE() << m.name << form << " scale " << sf << " len " << len << " word " << j << ": x "
                                       << show(xj) << " y " << show(yj) << " got " << show(got[j]) << " want " << show(want);
@@ -243,7 +228,7 @@ TEST(ArithSfsAdd, WorkedValuesAndEarlyCutOffs) {
         {"Add_64s zeroes at 64, positive", one<Nuv64s>(nuvsAdd_64s_Sfs, kMax64, 2, 64), 0},
     };
     for (const auto& r : rows) EXPECT_EQ(r.got, r.want) << r.what;
-    EXPECT_EQ(model(510, 9, 0, 255), 1);  // the model keeps to the exact rule
+    EXPECT_EQ(scaleRule(510, 9, 0, 255), 1);  // the model keeps to the exact rule
 }
 
 // ---- argument checks ---------------------------------------------------------------------------

@@ -3,31 +3,16 @@
 #include <functional>
 #include <limits>
 
+#include "support/model.h"
 #include "support/support.h"
 
 namespace {
 
 using i128 = __int128;
 
-// The number rule computed the slow way: floor division, remainder against one half, ties to the
-// even quotient; a left shift saturates.
 template <class T>
 T exactRule(i128 x, int sf) {
-    const i128 lo = std::numeric_limits<T>::min(), hi = std::numeric_limits<T>::max();
-    i128 v;
-    if (sf >= 100) {
-        v = 0;
-    } else if (sf >= 0) {
-        const i128 p = i128(1) << sf;
-        i128 q = x / p, r = x % p;
-        if (r < 0) r += p, q -= 1;
-        if (2 * r > p || (2 * r == p && (q & 1))) q += 1;
-        v = q;
-    } else {
-        x = x < lo - 1 ? lo - 1 : (x > hi + 1 ? hi + 1 : x);
-        v = -sf >= 64 ? (x > 0 ? hi + 1 : (x < 0 ? lo - 1 : 0)) : x * (i128(1) << -sf);
-    }
-    return T(v < lo ? lo : (v > hi ? hi : v));
+    return T(nt::scaleRule(x, sf, std::numeric_limits<T>::min(), std::numeric_limits<T>::max()));
 }
 
 // ---- operands: full-range random, small random (many ties), and every combination of extremes
