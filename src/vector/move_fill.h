@@ -18,7 +18,7 @@ inline constexpr int kQueryAbove = 0x200000;
 // `pat` holds one element repeated over 32 bytes, its first element at byte 0.  Every store
 // below starts at a byte offset from the region start that is a multiple of the element size,
 // so the pattern stays in phase: offsets are multiples of 32, 16, 8, 4 or 2, or the region
-// length minus such a power of two, and the region length is a multiple of the element size.
+// length minus such a number, and the region length is a multiple of the element size.
 
 [[gnu::always_inline]] inline void store16(u8* p, __m128i v) { _mm_storeu_si128(reinterpret_cast<__m128i*>(p), v); }
 [[gnu::always_inline]] inline void store32(u8* p, __m256i v) { _mm256_storeu_si256(reinterpret_cast<__m256i*>(p), v); }
@@ -49,54 +49,63 @@ inline constexpr int kQueryAbove = 0x200000;
 
 // From this many bytes on, the plain route fills with a string store: beyond the second-level
 // cache it writes whole lines without reading them first, which vector stores can't.
-inline constexpr size_t kStringFillFrom = 0x80000;
+inline constexpr size_t kStringFillFrom = 0x10000;
 
-// Plain route for n bytes of elements of E bytes.  A destination on an element boundary runs
-// 32-byte aligned stores after a head store; any other runs unaligned stores.  The last 32 bytes
-// are always one store at the end, overlapping what came before.
+// Plain route for n bytes of elements of E bytes.  Above 128 bytes: four stores at the start, a
+// body of four stores a step, then four stores that end exactly at the end of the region,
+// overlapping what came before.  For a destination on an element boundary the body starts on a
+// 64-byte boundary, so its stores go to whole lines in pairs (two such retire per cycle); any
+// other runs unaligned.  Few branches keep short fills close to the store limit.
 template <size_t E>
 [[gnu::always_inline]] inline void ownsFillPlain(u8* d, size_t n, __m256i pat) {
     if (n < 32) return fillBelow32(d, n, pat);
-    u8* const last = d + n - 32;
     if (n <= 64) {
         store32(d, pat);
-        store32(last, pat);
+        store32(d + n - 32, pat);
         return;
     }
+    if (n <= 128) {
+        store32(d, pat);
+        store32(d + 32, pat);
+        store32(d + n - 64, pat);
+        store32(d + n - 32, pat);
+        return;
+    }
+    u8* const closing = d + n - 128;
     store32(d, pat);
+    store32(d + 32, pat);
+    store32(d + 64, pat);
+    store32(d + 96, pat);
     const uintptr_t a = reinterpret_cast<uintptr_t>(d);
-    u8* p;
     if (a % E == 0) {
-        p = reinterpret_cast<u8*>((a + 32) & ~uintptr_t(31));
+        u8* p = reinterpret_cast<u8*>((a + 128) & ~uintptr_t(63));
         if constexpr (E <= 8) {
-            if (size_t(last - p) >= kStringFillFrom) {
+            if (closing > p && size_t(closing - p) >= kStringFillFrom) {
                 // The first 8 bytes of the pattern repeat at every element boundary; the string
-                // ends at most 7 bytes past `last`.
-                size_t count = (size_t(last - p) + 7) / 8;
+                // ends at most 7 bytes past `closing`.
+                size_t count = (size_t(closing - p) + 7) / 8;
                 const uint64_t w = uint64_t(_mm_cvtsi128_si64(_mm256_castsi256_si128(pat)));
                 __asm__ volatile("rep stosq" : "+D"(p), "+c"(count) : "a"(w) : "memory");
-                store32(last, pat);
-                return;
             }
         }
-        for (; p + 128 <= last; p += 128) {
+        for (; p < closing; p += 128) {
             storeA32(p, pat);
             storeA32(p + 32, pat);
             storeA32(p + 64, pat);
             storeA32(p + 96, pat);
         }
-        for (; p < last; p += 32) storeA32(p, pat);
     } else {
-        p = d + 32;
-        for (; p + 128 <= last; p += 128) {
+        for (u8* p = d + 128; p < closing; p += 128) {
             store32(p, pat);
             store32(p + 32, pat);
             store32(p + 64, pat);
             store32(p + 96, pat);
         }
-        for (; p < last; p += 32) store32(p, pat);
     }
-    store32(last, pat);
+    store32(closing, pat);
+    store32(closing + 32, pat);
+    store32(closing + 64, pat);
+    store32(closing + 96, pat);
 }
 
 // Streaming route for a region larger than the largest cache (n >= 64).  A head that is not

@@ -101,8 +101,8 @@ TEST(MoveFill, ZeroAndSetEveryWidth) {
 TEST(MoveFill, LongPlainFillsAtEveryPhase) {
     for (const Filler& f : fillers())
         if (f.elem <= 8)  // the lengths where string stores take over, at every phase of the tail
-            for (int extra = 0; extra < 9; ++extra)
-                for (size_t off : {0, 3, 4, 8, 28}) checkFill(f, int(0x80040 / f.elem) + extra, off);
+            for (int extra = -9; extra < 9; ++extra)
+                for (size_t off : {0, 3, 4, 8, 28}) checkFill(f, int((0x10000 + 192) / f.elem) + extra, off);
 }
 
 TEST(MoveFill, LargeRegionsAskTheCacheAndStream) {
