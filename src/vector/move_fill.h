@@ -47,8 +47,9 @@ inline constexpr int kQueryAbove = 0x200000;
     }
 }
 
-// From this many bytes on, the plain route fills with a string store: beyond the second-level
-// cache it writes whole lines without reading them first, which vector stores can't.
+// From this many bytes on, the plain route fills with a string store: it writes whole lines
+// without reading them first, which vector stores can't, and wins once the region leaves the
+// first-level cache.
 inline constexpr size_t kStringFillFrom = 0x10000;
 
 // Plain route for n bytes of elements of E bytes.  Above 128 bytes: four stores at the start, a
