@@ -1,22 +1,27 @@
 #!/usr/bin/env python3
-"""Turn a Google Benchmark JSON run of rows <kernel>/<impl>/<len> into a markdown table of
-nuvs throughput and the ratio peer time / nuvs time (above 1.0: nuvs is faster)."""
+"""Turn Google Benchmark JSON runs of rows <kernel>/<impl>/<len> into a markdown table of
+nuvs throughput and the ratio peer time / nuvs time (above 1.0: nuvs is faster).
+Usage: bench_ratio.py RUN.json [SUFFIX=RUN.json ...]; the peers of each extra run are listed
+with the suffix appended (its nuvs rows are ignored)."""
 import json
 import sys
 from collections import defaultdict
 
 
 def main():
-    data = json.load(open(sys.argv[1]))
     times = defaultdict(dict)  # (kernel, len) -> impl -> ns
-    for b in data['benchmarks']:
-        if b.get('run_type') == 'aggregate' and b.get('aggregate_name') != 'median':
-            continue
-        name = b.get('run_name', b['name'])
-        kernel, impl, length = name.split('/')[:3]
-        times[(kernel, int(length))][impl] = b['real_time']
-        if impl == 'nuvs':
-            times[(kernel, int(length))]['_gbs'] = b.get('bytes_per_second', 0) / 1e9
+    runs = [('', sys.argv[1])] + [tuple(a.split('=', 1)) for a in sys.argv[2:]]
+    for suffix, path in runs:
+        for b in json.load(open(path))['benchmarks']:
+            if b.get('run_type') == 'aggregate' and b.get('aggregate_name') != 'median':
+                continue
+            name = b.get('run_name', b['name'])
+            kernel, impl, length = name.split('/')[:3]
+            if suffix and impl == 'nuvs':
+                continue
+            times[(kernel, int(length))][impl + suffix] = b['real_time']
+            if impl == 'nuvs':
+                times[(kernel, int(length))]['_gbs'] = b.get('bytes_per_second', 0) / 1e9
     peers = sorted({i for t in times.values() for i in t if i not in ('nuvs', '_gbs')})
     out = ['| kernel | len | nuvs GB/s | ' + ' | '.join(f'{p} ratio' for p in peers) + ' |',
            '|---|---:|---:|' + '---:|' * len(peers)]
