@@ -20,29 +20,49 @@ using u8 = uint8_t;
 template <size_t E>
 [[gnu::noinline]] NuvStatus zeroN(void* pDst, int len) {
     if (NuvStatus s = nuv::check(len, pDst)) return s;
-    nuv::fill::ownsFillBytes<E, 1>(pDst, len, 0, 0, true);
+    nuv::fill::ownsFillBytes<E, 1>(pDst, len, _mm256_setzero_si256(), true);
     return nuvStsOk;
 }
 
-// Set takes the value as its 8-byte halves; narrower values are repeated to fill 8 bytes.
-template <size_t E>
-[[gnu::noinline]] NuvStatus setWidth(uint64_t lo, uint64_t hi, void* pDst, int len) {
-    if (NuvStatus s = nuv::check(len, pDst)) return s;
-    const uintptr_t a = reinterpret_cast<uintptr_t>(pDst);
-    if constexpr (E <= 4) nuv::fill::ownsFillBytes<E>(pDst, len, lo, lo, a % E == 0);  // odd addresses stay plain
-    if constexpr (E == 8) nuv::fill::ownsSet8(pDst, len, lo);
-    if constexpr (E == 16) nuv::fill::ownsSet16(pDst, len, lo, hi);
-    return nuvStsOk;
-}
-
+// The value repeated over 32 bytes, broadcast straight from the register it arrives in: the
+// first store waits on nothing longer than one broadcast.
 template <class T>
-NuvStatus setN(const T& val, T* pDst, int len) {
+[[gnu::always_inline]] inline __m256i patternOf(const T& val) {
     static_assert(sizeof(T) == 1 || sizeof(T) == 2 || sizeof(T) == 4 || sizeof(T) == 8 || sizeof(T) == 16);
-    uint64_t lo = 0, hi = 0;
-    std::memcpy(&lo, &val, sizeof(T) < 8 ? sizeof(T) : 8);
-    if constexpr (sizeof(T) == 16) std::memcpy(&hi, reinterpret_cast<const char*>(&val) + 8, 8);
-    for (size_t k = sizeof(T); k < 8; k *= 2) lo |= lo << (8 * k);
-    return setWidth<sizeof(T)>(lo, hi, pDst, len);
+    if constexpr (sizeof(T) == 1) {
+        char v;
+        std::memcpy(&v, &val, 1);
+        return _mm256_set1_epi8(v);
+    } else if constexpr (sizeof(T) == 2) {
+        short v;
+        std::memcpy(&v, &val, 2);
+        return _mm256_set1_epi16(v);
+    } else if constexpr (sizeof(T) == 4) {
+        float v;
+        std::memcpy(&v, &val, 4);
+        return _mm256_castps_si256(_mm256_set1_ps(v));
+    } else if constexpr (sizeof(T) == 8) {
+        double v;
+        std::memcpy(&v, &val, 8);
+        return _mm256_castpd_si256(_mm256_set1_pd(v));
+    } else {
+        __m128i v;
+        std::memcpy(&v, &val, 16);
+        return _mm256_broadcastsi128_si256(v);
+    }
+}
+
+// Set, inlined into each export so that the value never leaves its register.
+template <class T>
+[[gnu::always_inline]] inline NuvStatus setN(const T& val, T* pDst, int len) {
+    constexpr size_t E = sizeof(T);
+    if (NuvStatus s = nuv::check(len, pDst)) return s;
+    const __m256i pat = patternOf(val);
+    const uintptr_t a = reinterpret_cast<uintptr_t>(pDst);
+    if constexpr (E <= 4) nuv::fill::ownsFillBytes<E>(pDst, len, pat, a % E == 0);  // odd addresses stay plain
+    if constexpr (E == 8) nuv::fill::ownsSet8(pDst, len, pat);
+    if constexpr (E == 16) nuv::fill::ownsSet16(pDst, len, pat);
+    return nuvStsOk;
 }
 
 // ---- Copy and Move: every width funnels into the byte kernel

@@ -151,50 +151,44 @@ inline bool exceedsCache(int64_t count, int divisor) {
     return count > int64_t(size / divisor);
 }
 
-// The fill pattern is passed as its two 8-byte halves, so that no vector crosses a call.
-[[gnu::always_inline]] inline __m256i broadcast(uint64_t lo, uint64_t hi) {
-    const __m128i v = _mm_insert_epi64(_mm_cvtsi64_si128(int64_t(lo)), int64_t(hi), 1);
-    return _mm256_broadcastsi128_si256(v);
-}
-
 // A region past a kernel's cut: streams if it exceeds the cache, else the plain route.  Kept out
 // of line, off the path of the common small fill.
 template <size_t P>
-[[gnu::noinline]] void fillLarge(u8* d, size_t n, uint64_t lo, uint64_t hi, int64_t count, int divisor) {
-    if (exceedsCache(count, divisor)) return ownsFillStream(d, n, broadcast(lo, hi));
-    ownsFillPlain<P>(d, n, broadcast(lo, hi));
+[[gnu::noinline]] void fillLarge(u8* d, size_t n, __m256i pat, int64_t count, int divisor) {
+    if (exceedsCache(count, divisor)) return ownsFillStream(d, n, pat);
+    ownsFillPlain<P>(d, n, pat);
 }
 
 // Zero and Set by byte size, for len elements of E bytes whose pattern repeats every P bytes (1
 // for Zero).  The route is chosen on len times E in 32-bit arithmetic; the fill covers all len
 // elements.  `streamable` is the destination alignment condition of the member.
 template <size_t E, size_t P = E>
-[[gnu::always_inline]] inline void ownsFillBytes(void* dst, int len, uint64_t lo, uint64_t hi, bool streamable) {
+[[gnu::always_inline]] inline void ownsFillBytes(void* dst, int len, __m256i pat, bool streamable) {
     u8* d = static_cast<u8*>(dst);
     const int size = int(unsigned(len) * unsigned(E));
     const size_t n = size_t(len) * E;
-    if (size > kQueryAbove && streamable) return fillLarge<P>(d, n, lo, hi, size, 1);
-    ownsFillPlain<P>(d, n, broadcast(lo, hi));
+    if (size > kQueryAbove && streamable) return fillLarge<P>(d, n, pat, size, 1);
+    ownsFillPlain<P>(d, n, pat);
 }
 
 // The 8-byte Set kernel: its cut is in elements, and it streams when the count exceeds the cache
 // size over 8, for a destination on an 8-byte boundary.
 inline constexpr int kSet8QueryAbove = 0x40000;
-[[gnu::always_inline]] inline void ownsSet8(void* dst, int len, uint64_t w) {
+[[gnu::always_inline]] inline void ownsSet8(void* dst, int len, __m256i pat) {
     u8* d = static_cast<u8*>(dst);
     const size_t n = size_t(len) * 8;
-    if (len > kSet8QueryAbove && reinterpret_cast<uintptr_t>(d) % 8 == 0) return fillLarge<8>(d, n, w, w, len, 8);
-    ownsFillPlain<8>(d, n, _mm256_set1_epi64x(int64_t(w)));
+    if (len > kSet8QueryAbove && reinterpret_cast<uintptr_t>(d) % 8 == 0) return fillLarge<8>(d, n, pat, len, 8);
+    ownsFillPlain<8>(d, n, pat);
 }
 
 // The 16-byte Set kernel: above 0x10000 elements on a 16-byte boundary it streams when the count
 // exceeds the cache size over 16.
 inline constexpr int kSet16QueryAbove = 0x10000;
-[[gnu::always_inline]] inline void ownsSet16(void* dst, int len, uint64_t lo, uint64_t hi) {
+[[gnu::always_inline]] inline void ownsSet16(void* dst, int len, __m256i pat) {
     u8* d = static_cast<u8*>(dst);
     const size_t n = size_t(len) * 16;
-    if (len > kSet16QueryAbove && reinterpret_cast<uintptr_t>(d) % 16 == 0) return fillLarge<16>(d, n, lo, hi, len, 16);
-    ownsFillPlain<16>(d, n, broadcast(lo, hi));
+    if (len > kSet16QueryAbove && reinterpret_cast<uintptr_t>(d) % 16 == 0) return fillLarge<16>(d, n, pat, len, 16);
+    ownsFillPlain<16>(d, n, pat);
 }
 
 }  // namespace nuv::fill
