@@ -24,35 +24,42 @@ inline constexpr BlockPlan kPlan8BCplxI { 8, 17,  8, 4};   // 32fc in place
 inline constexpr BlockPlan kPlan16B     { 8, 15,  8, 2};   // 64fc
 inline constexpr BlockPlan kPlan16BInPl { 8,  9,  8, 2};   // 64fc in place
 
+// The zones of the blocked loop for a length: the peel, the end of the blocks, and whether any
+// vector work runs at all.
+struct BlockZones {
+    int peel;
+    int end;
+    bool vector;
+};
+template <BlockPlan P, size_t ElemSize>
+[[gnu::always_inline]] inline BlockZones blockZones(const void* dst, int len) {
+    if (len < P.scalarBelow) return {0, 0, false};
+    int peel = 0;
+    if (len >= P.noPeelBelow) {
+        const size_t r = reinterpret_cast<uintptr_t>(dst) % 32;
+        if (r % ElemSize) return {0, 0, false};
+        peel = r ? int((32 - r) / ElemSize) : 0;
+        if (len < peel + P.block) return {0, 0, false};
+    }
+    return {peel, len - (len - peel) % P.block, true};
+}
+
 // Runs `vec(i)` for `P.tail` elements at index i (a block is P.block / P.tail of them) and
 // `one(i)` for single elements, over [0, len).  `dst` decides the peel; ElemSize is its element
 // size in bytes.  A destination that is not element-aligned runs singly.
 template <BlockPlan P, size_t ElemSize, class Vec, class One>
 [[gnu::always_inline]] inline void blocked(const void* dst, int len, Vec&& vec, One&& one) {
     static_assert(P.block % P.tail == 0);
+    const BlockZones z = blockZones<P, ElemSize>(dst, len);
     int i = 0;
-    bool vector = false;
-    if (len >= P.scalarBelow) {
-        int peel = 0;
-        bool ok = true;
-        if (len >= P.noPeelBelow) {
-            const size_t r = reinterpret_cast<uintptr_t>(dst) % 32;
-            if (r % ElemSize) ok = false;
-            else peel = r ? int((32 - r) / ElemSize) : 0;
-            if (ok && len < peel + P.block) ok = false;
-        }
-        if (ok) {
-            for (; i < peel; ++i) one(i);
-            const int end = len - (len - peel) % P.block;
-            for (; i < end; i += P.block) {
+    if (z.vector) {
+        for (; i < z.peel; ++i) one(i);
+        for (; i < z.end; i += P.block) {
 #pragma GCC unroll 8
-                for (int j = 0; j < P.block; j += P.tail) vec(i + j);
-            }
-            vector = true;
+            for (int j = 0; j < P.block; j += P.tail) vec(i + j);
         }
-    }
-    if (vector)
         for (; len - i >= P.tail; i += P.tail) vec(i);
+    }
     for (; i < len; ++i) one(i);
 }
 

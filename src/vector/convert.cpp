@@ -21,6 +21,7 @@ using nuv::Simd;
 constexpr nuv::BlockPlan kPlanPacked{16, 1 << 30, 16, 8};
 constexpr unsigned kInvalidMask = 0x0080;  // MXCSR: invalid-operation exception masked
 constexpr uint64_t kFeatureF16c = 0x4000;
+constexpr int kWideLoadFrom = 8192;  // elements: from here 16-bit sources load 32 bytes at once
 
 // ---------------------------------------------------------------- drivers
 
@@ -30,22 +31,12 @@ constexpr uint64_t kFeatureF16c = 0x4000;
 template <nuv::BlockPlan P, size_t ElemSize, class Vec2, class Vec, class One>
 NUV_INLINE void blockedPairs(const void* dst, int len, Vec2&& vec2, Vec&& vec, One&& one) {
     static_assert(P.block == 2 * P.tail);
+    const nuv::BlockZones z = nuv::blockZones<P, ElemSize>(dst, len);
     int i = 0;
-    if (len >= P.scalarBelow) {
-        int peel = 0;
-        bool ok = true;
-        if (len >= P.noPeelBelow) {
-            const size_t r = reinterpret_cast<uintptr_t>(dst) % 32;
-            if (r % ElemSize) ok = false;
-            else peel = r ? int((32 - r) / ElemSize) : 0;
-            if (ok && len < peel + P.block) ok = false;
-        }
-        if (ok) {
-            for (; i < peel; ++i) one(i);
-            const int end = len - (len - peel) % P.block;
-            for (; i < end; i += P.block) vec2(i);
-            for (; len - i >= P.tail; i += P.tail) vec(i);
-        }
+    if (z.vector) {
+        for (; i < z.peel; ++i) one(i);
+        for (; i < z.end; i += P.block) vec2(i);
+        for (; len - i >= P.tail; i += P.tail) vec(i);
     }
     for (; i < len; ++i) one(i);
 }
@@ -57,6 +48,19 @@ NUV_INLINE void run8(const S* s, D* d, int len, F f) {
     constexpr nuv::BlockPlan P = sizeof(D) == 3 ? kPlanPacked : nuv::kPlan4B;
     auto vec = [&](int i) { put(d + i, f(get(s + i))); };
     auto one = [&](int i) { put1(d + i, f(get1(s + i))); };
+    if constexpr (requires { get2(s); }) {
+        // Beyond the first-level cache one wide load per two registers is faster; inside it the
+        // extra shuffle costs more than the load it saves.
+        if (len >= kWideLoadFrom)
+            return blockedPairs<P, sizeof(D)>(
+                d, len,
+                [&](int i) {
+                    const Get2 v = get2(s + i);
+                    put(d + i, f(v.lo));
+                    put(d + i + 8, f(v.hi));
+                },
+                vec, one);
+    }
     if constexpr (requires { put2(d, f(get(s)), f(get(s))); })
         blockedPairs<P, sizeof(D)>(d, len, [&](int i) { put2(d + i, f(get(s + i)), f(get(s + i + 8))); }, vec, one);
     else

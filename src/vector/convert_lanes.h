@@ -28,6 +28,19 @@ NUV_INLINE __m256i get(const int8_t* p) { return _mm256_cvtepi8_epi32(_mm_loadl_
 NUV_INLINE __m256i get(const uint8_t* p) { return _mm256_cvtepu8_epi32(_mm_loadl_epi64(reinterpret_cast<const __m128i*>(p))); }
 NUV_INLINE __m256i get(const int16_t* p) { return _mm256_cvtepi16_epi32(_mm_loadu_si128(reinterpret_cast<const __m128i*>(p))); }
 NUV_INLINE __m256i get(const uint16_t* p) { return _mm256_cvtepu16_epi32(_mm_loadu_si128(reinterpret_cast<const __m128i*>(p))); }
+// Sixteen 16-bit elements by one load, widened as two registers of eight: half the loads of
+// two `get`s, which tells once the data comes from the second-level cache.
+struct Get2 {
+    __m256i lo, hi;
+};
+NUV_INLINE Get2 get2(const int16_t* p) {
+    const __m256i v = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(p));
+    return {_mm256_cvtepi16_epi32(_mm256_castsi256_si128(v)), _mm256_cvtepi16_epi32(_mm256_extracti128_si256(v, 1))};
+}
+NUV_INLINE Get2 get2(const uint16_t* p) {
+    const __m256i v = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(p));
+    return {_mm256_cvtepu16_epi32(_mm256_castsi256_si128(v)), _mm256_cvtepu16_epi32(_mm256_extracti128_si256(v, 1))};
+}
 NUV_INLINE __m256i get(const int32_t* p) { return _mm256_loadu_si256(reinterpret_cast<const __m256i*>(p)); }
 NUV_INLINE __m256i get(const uint32_t* p) { return _mm256_loadu_si256(reinterpret_cast<const __m256i*>(p)); }
 NUV_INLINE __m256 get(const float* p) { return _mm256_loadu_ps(p); }
