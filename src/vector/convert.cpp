@@ -48,23 +48,24 @@ NUV_INLINE void run8(const S* s, D* d, int len, F f) {
     constexpr nuv::BlockPlan P = sizeof(D) == 3 ? kPlanPacked : nuv::kPlan4B;
     auto vec = [&](int i) { put(d + i, f(get(s + i))); };
     auto one = [&](int i) { put1(d + i, f(get1(s + i))); };
-    if constexpr (requires { get2(s); }) {
-        // Beyond the first-level cache one wide load per two registers is faster; inside it the
-        // extra shuffle costs more than the load it saves.
-        if (len >= kWideLoadFrom)
-            return blockedPairs<P, sizeof(D)>(
-                d, len,
-                [&](int i) {
-                    const Get2 v = get2(s + i);
-                    put(d + i, f(v.lo));
-                    put(d + i + 8, f(v.hi));
-                },
-                vec, one);
-    }
-    if constexpr (requires { put2(d, f(get(s)), f(get(s))); })
+    if constexpr (requires { put2(d, f(get(s)), f(get(s))); }) {
         blockedPairs<P, sizeof(D)>(d, len, [&](int i) { put2(d + i, f(get(s + i)), f(get(s + i + 8))); }, vec, one);
-    else
+    } else {
+        if constexpr (requires { get2(s); }) {
+            // Beyond the first-level cache one wide load per two registers is faster; inside it
+            // the extra shuffle costs more than the load it saves.
+            if (len >= kWideLoadFrom)
+                return blockedPairs<P, sizeof(D)>(
+                    d, len,
+                    [&](int i) {
+                        const Get2 v = get2(s + i);
+                        put(d + i, f(v.lo));
+                        put(d + i + 8, f(v.hi));
+                    },
+                    vec, one);
+        }
         nuv::blocked<P, sizeof(D)>(d, len, vec, one);
+    }
 }
 
 template <class S, class D, class F>
