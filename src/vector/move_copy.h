@@ -139,14 +139,20 @@ inline void moveBackward(const u8* s, u8* d, size_t n) {
     st(d, head);
 }
 
-// The byte move behind every Move member: overlapping regions by any amount.
-inline void ownsMove_8u(const u8* s, u8* d, size_t n) {
-    if (n <= 32) return upTo32(s, d, n);
-    if (n <= 256) return upTo256(s, d, n);
+// Move over n > 256 bytes, overlapping by any amount.
+[[gnu::noinline]] inline void moveLarge(const u8* s, u8* d, size_t n) {
     const uintptr_t a = reinterpret_cast<uintptr_t>(s), b = reinterpret_cast<uintptr_t>(d);
     if (b + n <= a || a + n <= b) return ownsCopyLarge(s, d, n);  // disjoint
     if (b < a) return moveForward(s, d, n);
     if (b > a) return moveBackward(s, d, n);
+}
+
+// The byte move behind every Move member: overlapping regions by any amount.  Short moves are
+// inlined into the exports; at a few nanoseconds a call and return are a tenth of their time.
+[[gnu::always_inline]] inline void ownsMove_8u(const u8* s, u8* d, size_t n) {
+    if (n <= 32) return upTo32(s, d, n);
+    if (n <= 256) return upTo256(s, d, n);
+    moveLarge(s, d, n);
 }
 
 }  // namespace nuv::copy
