@@ -245,19 +245,19 @@ void ownsAddProduct(const T* a, const T* b, T* d, int len, Op op) {
     constexpr size_t kElem = sizeof(T) * Wpe;
     constexpr int kPerLine = int(64 / kElem);
     constexpr int kDist = 256;
-    const int words = len * Wpe;
-    int peel = int((kPerLine - (reinterpret_cast<uintptr_t>(d) / kElem) % kPerLine) % kPerLine) * Wpe;
+    const ptrdiff_t words = ptrdiff_t(len) * Wpe;   // complex counts past 2^30 overflow int
+    ptrdiff_t peel = ptrdiff_t((kPerLine - (reinterpret_cast<uintptr_t>(d) / kElem) % kPerLine) % kPerLine) * Wpe;
     if (peel > words) peel = words;
 
-    auto stepU = [&](int w) { S::store(d + w, op(S::load(a + w), S::load(b + w), S::load(d + w))); };
-    auto stepA = [&](int w) {
+    auto stepU = [&](ptrdiff_t w) { S::store(d + w, op(S::load(a + w), S::load(b + w), S::load(d + w))); };
+    auto stepA = [&](ptrdiff_t w) {
         S::store(d + w, op(loadAligned(a + w), loadAligned(b + w), S::load(d + w)));
     };
-    auto masked = [&](int w, int n) {
-        const __m256i m = firstWords<T>(n);
+    auto masked = [&](ptrdiff_t w, ptrdiff_t n) {
+        const __m256i m = firstWords<T>(int(n));
         maskStore(d + w, m, op(maskLoad(a + w, m), maskLoad(b + w, m), maskLoad(d + w, m)));
     };
-    auto prefetch = [&](int w, int nWords) {
+    auto prefetch = [&](ptrdiff_t w, int nWords) {
         if constexpr (Prefetch) {
             for (int off = 0; off < nWords; off += int(64 / sizeof(T))) {
                 _mm_prefetch(reinterpret_cast<const char*>(a + w + off) + kDist, _MM_HINT_T0);
@@ -267,7 +267,7 @@ void ownsAddProduct(const T* a, const T* b, T* d, int len, Op op) {
         }
     };
 
-    int w = 0;
+    ptrdiff_t w = 0;
     if (peel >= N) stepU(w), w += N;
     if (peel > w) masked(w, peel - w), w = peel;
     const bool aligned = ((reinterpret_cast<uintptr_t>(a + w) | reinterpret_cast<uintptr_t>(b + w)) & 31) == 0;

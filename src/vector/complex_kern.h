@@ -2,6 +2,7 @@
 #pragma once
 #include <immintrin.h>
 
+#include <cmath>
 #include <cstddef>
 #include <cstring>
 #include <tuple>
@@ -262,6 +263,22 @@ NUV_INLINE void sinCos(__m256 x, __m256& sn, __m256& cs) {
 }
 
 // ---------------------------------------------------------------- sine and cosine, double precision
+// Angles from this size on leave the three-piece reduction below (it keeps full precision while
+// k stays well inside 2^31, which also bounds the quadrant conversion); their lanes are redone
+// with the C library's sine and cosine, which reduce exactly.
+inline constexpr double kReduceLimit = 2147483648.0;
+
+[[gnu::noinline]] inline void sinCosWide(__m256d x, __m256d& sn, __m256d& cs, int lanes) {
+    alignas(32) double xs[4], s[4], c[4];
+    _mm256_store_pd(xs, x);
+    _mm256_store_pd(s, sn);
+    _mm256_store_pd(c, cs);
+    for (int i = 0; i < 4; ++i)
+        if (lanes >> i & 1) s[i] = std::sin(xs[i]), c[i] = std::cos(xs[i]);
+    sn = _mm256_load_pd(s);
+    cs = _mm256_load_pd(c);
+}
+
 // k = x * 2/pi to nearest, r = x - k pi/2 in three fused steps, Taylor polynomials on |r| <= pi/4
 // (remainders below 2^-62), quadrant k mod 4 picks and signs them.
 NUV_INLINE void sinCos(__m256d x, __m256d& sn, __m256d& cs) {
@@ -303,6 +320,8 @@ NUV_INLINE void sinCos(__m256d x, __m256d& sn, __m256d& cs) {
         _mm256_castsi256_pd(_mm256_slli_epi64(_mm256_srli_epi64(_mm256_add_epi64(q, _mm256_set1_epi64x(1)), 1), 63));
     sn = D::xor_(D::blendv(s, c, odd), sinSign);
     cs = D::xor_(D::blendv(c, s, odd), cosSign);
+    const int wide = _mm256_movemask_pd(D::template cmp<_CMP_GE_OQ>(D::abs(x), D::set1(kReduceLimit)));
+    if (__builtin_expect(wide != 0, 0)) sinCosWide(x, sn, cs, wide);
 }
 
 }  // namespace nuv::cplx

@@ -283,45 +283,79 @@ struct Rescale {
     }
 };
 
-// The reciprocal conj(z) / m, worked in double (exact squares for single-precision elements).  A zero
-// element gives (+-inf with the sign of re, -im) and raises the zero-divide flag; a tiny or huge double
-// element, whose m leaves the double range, is worked in long double; an element with an infinite part
-// gives signed zeros.
+// LTInv on complex elements: the reciprocal of z with its magnitude first raised to `level`.  With
+// m = |z|^2 and r = |z|, 1/z is conj(z) / den, den = m where r is at least `level`, and r * level
+// where it is below (z scaled to magnitude `level` has that reciprocal).  Worked in double: squares
+// of single-precision parts are exact there, and for them neither m nor r * level leaves the range;
+// double elements divide each part by den, so that results are the division's.  Lanes with m
+// outside the normal double range (zeros, infinite parts, tiny or huge double elements) and lanes
+// whose den overflows are redone by `edge`, in long double.  No lane divides by zero on the vector
+// path, so with `level` 0 the zero-divide flag reports true zero elements only.
+template <bool Raise>
 struct Recip {
-    NUV_INLINE static __m256d vec(__m256d w, int& bad) {
+    double level;
+
+    NUV_INLINE __m256d den(__m256d m, int& bad) const {
         using S = Simd<double>;
-        __m256d m = squaredMagnitude<double>(w);
-        // max keeps m where it is NaN; lanes below the normal range are redone singly, and no lane
-        // divides by a zero here, so the zero-divide flag reports true zero elements only.
-        __m256d d = S::div(S::set1(1.0), S::max(S::set1(DBL_MIN), m));
-        __m256d r = S::xor_(S::mul(w, d), _mm256_setr_pd(0.0, -0.0, 0.0, -0.0));
-        bad |= laneBits(S::or_(S::template cmp<_CMP_LT_OQ>(m, S::set1(DBL_MIN)),
-                               S::template cmp<_CMP_GT_OQ>(m, S::set1(DBL_MAX))));
-        return r;
+        __m256d d = m;
+        if constexpr (Raise) {
+            const __m256d r = _mm256_sqrt_pd(m), lv = S::set1(level);
+            d = S::blendv(m, S::mul(r, lv), S::template cmp<_CMP_LT_OQ>(r, lv));
+        }
+        // max keeps a NaN where m is NaN; the lanes it lifts are redone singly.
+        bad |= laneBits(S::or_(S::or_(S::template cmp<_CMP_LT_OQ>(m, S::set1(DBL_MIN)),
+                                      S::template cmp<_CMP_GT_OQ>(m, S::set1(DBL_MAX))),
+                               S::template cmp<_CMP_GT_OQ>(d, S::set1(DBL_MAX))));
+        return S::max(S::set1(DBL_MIN), d);
     }
 
-    // Four elements in two registers with one division: m of all four in one register, as (m0 m2 m1 m3).
-    NUV_INLINE static void vec2(__m256d& lo, __m256d& hi, int& bad) {
+    // Two double elements.
+    NUV_INLINE __m256d vec(__m256d w, int& bad) const {
         using S = Simd<double>;
-        __m256d m = _mm256_hadd_pd(S::mul(lo, lo), S::mul(hi, hi));
-        __m256d d = S::div(S::set1(1.0), S::max(S::set1(DBL_MIN), m));
+        const __m256d d = den(squaredMagnitude<double>(w), bad);
+        return S::xor_(S::div(w, d), _mm256_setr_pd(0.0, -0.0, 0.0, -0.0));
+    }
+
+    // Four single-precision elements widened into two registers, one division: den of all four in
+    // one register as (d0 d2 d1 d3).
+    NUV_INLINE void vec2(__m256d& lo, __m256d& hi, int& bad) const {
+        using S = Simd<double>;
+        const __m256d d = den(_mm256_hadd_pd(S::mul(lo, lo), S::mul(hi, hi)), bad);
+        const __m256d q = S::div(S::set1(1.0), d);
         const __m256d conj = _mm256_setr_pd(0.0, -0.0, 0.0, -0.0);
-        lo = S::xor_(S::mul(lo, _mm256_permute4x64_pd(d, 0xA0)), conj);
-        hi = S::xor_(S::mul(hi, _mm256_permute4x64_pd(d, 0xF5)), conj);
-        bad |= laneBits(S::or_(S::template cmp<_CMP_LT_OQ>(m, S::set1(DBL_MIN)),
-                               S::template cmp<_CMP_GT_OQ>(m, S::set1(DBL_MAX))));
+        lo = S::xor_(S::mul(lo, _mm256_permute4x64_pd(q, 0xA0)), conj);
+        hi = S::xor_(S::mul(hi, _mm256_permute4x64_pd(q, 0xF5)), conj);
     }
 
-    NUV_INLINE static void one(double a, double b, double& re, double& im) {
-        double m = a * a + b * b;
-        if (m < DBL_MIN || m > DBL_MAX) return edge(a, b, re, im);
-        double d = 1.0 / m;
-        re = a * d;
-        im = -(b * d);
+    // One element, as a lane of `vec` (Div) or of `vec2` (!Div).
+    template <bool Div>
+    NUV_INLINE void one(double a, double b, double& re, double& im) const {
+        const double m = a * a + b * b;
+        double d = m;
+        if constexpr (Raise) {
+            const double r = std::sqrt(m);
+            if (r < level) d = r * level;
+        }
+        if (!(m >= DBL_MIN) || m > DBL_MAX || d > DBL_MAX) {
+            if (!std::isnan(m)) return edge(a, b, re, im);
+        }
+        if constexpr (Div) {
+            re = a / d;
+            im = -(b / d);
+        } else {
+            const double q = 1.0 / d;
+            re = a * q;
+            im = -(b * q);
+        }
     }
 
-    [[gnu::noinline]] static void edge(double a, double b, double& re, double& im) {
+    [[gnu::noinline]] void edge(double a, double b, double& re, double& im) const {
         if (a == 0 && b == 0) {
+            if (Raise) {   // no direction: the element becomes (level, 0)
+                re = 1.0 / level;
+                im = -b;
+                return;
+            }
             double m = 0.0;
             asm("" : "+x"(m));   // a real division, so that the zero-divide flag is raised
             re = std::copysign(1.0 / m, a);
@@ -330,40 +364,37 @@ struct Recip {
             re = std::copysign(0.0, a);
             im = std::copysign(0.0, -b);
         } else {
-            long double la = a, lb = b, m = la * la + lb * lb;
-            re = double(la / m);
-            im = double(-lb / m);
+            const long double la = a, lb = b, m = la * la + lb * lb, r = std::sqrt(m);
+            const long double d = Raise && r < level ? r * level : m;
+            re = double(la / d);
+            im = double(-lb / d);
         }
     }
 };
 
-// LTInv on complex elements: magnitudes below `level` are raised to it as by the floor rescaling (when
-// level > 0), then the reciprocal is taken.
 template <class F, bool Raise>
 struct CplxInv {
     using S = Simd<F>;
     using V = typename S::V;
     using C = typename CplxOf<F>::type;
-    Rescale<F, true> raise;
+    Recip<Raise> recip;
 
-    explicit CplxInv(F level) : raise(level) {}
+    explicit CplxInv(F level) : recip{double(level)} {}
 
     NUV_INLINE V vec(V x, int& bad) const {
-        V z = Raise ? raise.vec(x, bad) : x;
         if constexpr (std::is_same_v<F, float>) {
-            __m256d lo = _mm256_cvtps_pd(_mm256_castps256_ps128(z));
-            __m256d hi = _mm256_cvtps_pd(_mm256_extractf128_ps(z, 1));
-            Recip::vec2(lo, hi, bad);
+            __m256d lo = _mm256_cvtps_pd(_mm256_castps256_ps128(x));
+            __m256d hi = _mm256_cvtps_pd(_mm256_extractf128_ps(x, 1));
+            recip.vec2(lo, hi, bad);
             return _mm256_set_m128(_mm256_cvtpd_ps(hi), _mm256_cvtpd_ps(lo));
         } else {
-            return Recip::vec(z, bad);
+            return recip.vec(x, bad);
         }
     }
 
     NUV_INLINE C one(C z) const {
-        C w = Raise ? raise.one(z) : z;
         double re, im;
-        Recip::one(double(w.re), double(w.im), re, im);
+        recip.template one<!std::is_same_v<F, float>>(double(z.re), double(z.im), re, im);
         return C{F(re), F(im)};
     }
 };

@@ -324,7 +324,11 @@ TEST(ComplexPolar, SingleFollowsTheReductionAndDoubleIsAccurate) {
     const int n = 4099;
     nt::Buf<Nuv32f> m(n), p(n), re(n, 4), im(n, 8);
     nt::Buf<Nuv64f> md(n), pd(n), red(n, 8), imd(n, 16);
-    for (int i = 0; i < n; ++i) m[i] = mg(), p[i] = i < 40 ? float(i - 20) * 0.78539819f : ph(), md[i] = m[i], pd[i] = p[i] * 3.1;
+    // Every fifth double phase is far out, from 2^29 to 1e300: past the short reduction, lanes take
+    // the exact one.
+    auto far = [] { return std::copysign(std::pow(10.0, std::uniform_real_distribution<double>(8.7, 300)(g())), double(int(g()() & 1)) - 0.5); };
+    for (int i = 0; i < n; ++i) m[i] = mg(), p[i] = i < 40 ? float(i - 20) * 0.78539819f : ph(), md[i] = m[i], pd[i] = i % 5 == 4 ? far() : p[i] * 3.1;
+    pd[9] = 2147483648.0, pd[14] = -2147483647.5, pd[19] = 3.38e9, pd[24] = 1e16;
     ASSERT_EQ(nuvsPolarToCart_32f(m.data(), p.data(), re.data(), im.data(), n), nuvStsOk);
     ASSERT_EQ(nuvsPolarToCart_64f(md.data(), pd.data(), red.data(), imd.data(), n), nuvStsOk);
     for (int i = 0; i < n; ++i) {
