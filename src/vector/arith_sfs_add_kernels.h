@@ -318,7 +318,9 @@ template <class T, Op O, class Src, class ZeroFn>
 NuvStatus byScale(const Src& s, T* d, size_t n, int sf, Cut cut, ZeroFn&& zero) {
     if (sf == 0) runRoute<T, O, Route::Sat>(s, d, n, 0);
     else if (cut.left && sf < -cut.left) runRoute<T, O, Route::BySign>(s, d, n, 0);
-    else if (sf < 0) runRoute<T, O, Route::Left>(s, d, n, -sf);
+    // Members without a sign route come here at any negative scale: a shift by 30 saturates every
+    // nonzero value already, and the limit keeps -sf from overflowing.
+    else if (sf < 0) runRoute<T, O, Route::Left>(s, d, n, sf < -30 ? 30 : -sf);
     else if (sf > cut.right) return zero();
     else if (sf == 1) runRoute<T, O, Route::One>(s, d, n, 1);
     else if constexpr (sizeof(T) == 4) {

@@ -24,7 +24,7 @@ inline i128 scaleRule(i128 x, int sf, i128 lo, i128 hi, int mode = 1) {
     } else {
         // A value beyond a limit stays beyond it when shifted left, so clamp first to stay in range.
         x = x < lo - 1 ? lo - 1 : (x > hi + 1 ? hi + 1 : x);
-        const int k = -sf;
+        const int64_t k = -int64_t(sf);
         if (k <= 62) v = x * (i128(1) << k);
         else if (x == 0) v = 0;
         else if (k == 63 && (x == 1 || x == -1)) v = x * (i128(1) << 63);

@@ -84,7 +84,7 @@ struct Member {
     int sfLo = -40, sfHi = 70;
 };
 
-// Every scale from -40 to 70 and every sweep length, arrays at varying misalignments, a fresh
+// Every scale from -40 to 70 and the extremes of int, every sweep length, arrays at varying misalignments, a fresh
 // window of the data and (for constant forms) one of a set of constants per call.
 template <class E, class W>
 void sweep(const Member& m, const OutOfPlace<E>& sfs, const InPlace<E>& isfs) {
@@ -94,7 +94,10 @@ void sweep(const Member& m, const OutOfPlace<E>& sfs, const InPlace<E>& isfs) {
     const std::vector<W> x0 = mixedWords<W>((4099 + 97) * kW), y0 = mixedWords<W>((4099 + 97) * kW);
     const std::vector<W> cs = {W(0), W(1), W(lo<W>()), W(hi<W>()), W(std::is_signed_v<W> ? -1 : 2), y0[5], y0[9]};
     int variant = 0;
-    for (int sf = m.sfLo; sf <= m.sfHi; ++sf) {
+    std::vector<int> scales;
+    if (m.sfLo < m.sfHi) scales = {INT_MIN, INT_MIN + 1, -1000, 1000, INT_MAX};
+    for (int sf = m.sfLo; sf <= m.sfHi; ++sf) scales.push_back(sf);
+    for (int sf : scales) {
         for (int len : nt::sweepLengths()) {
             ++variant;
             const auto at = x0.begin() + variant * 13 % 97 * kW;
