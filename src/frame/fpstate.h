@@ -32,4 +32,28 @@ private:
     unsigned saved_;
 };
 
+// The x87 control word for extended-precision kernels: 64-bit significand and rounding to
+// nearest on entry, the caller's word back on exit, written only where it differs.  The memory
+// clobbers keep the kernel's loads and stores, and so its arithmetic, inside the scope.
+class ScopedX87Nearest {
+public:
+    ScopedX87Nearest() noexcept {
+        __asm__ volatile("fnstcw %0" : "=m"(saved_) : : "memory");
+        const unsigned short want = static_cast<unsigned short>((saved_ & ~0x0F00u) | 0x0300u);
+        if (want != saved_) {
+            __asm__ volatile("fldcw %0" : : "m"(want) : "memory");
+            changed_ = true;
+        }
+    }
+    ~ScopedX87Nearest() {
+        if (changed_) __asm__ volatile("fldcw %0" : : "m"(saved_) : "memory");
+    }
+    ScopedX87Nearest(const ScopedX87Nearest&) = delete;
+    ScopedX87Nearest& operator=(const ScopedX87Nearest&) = delete;
+
+private:
+    unsigned short saved_;
+    bool changed_ = false;
+};
+
 }  // namespace nuv

@@ -4,6 +4,7 @@
 #include <cstdint>
 
 #include "frame/check.h"
+#include "frame/fpstate.h"
 #include "frame/round.h"
 #include "frame/simd.h"
 #include "nuvs.h"
@@ -195,6 +196,7 @@ inline int64_t satRound64(long double x) {
     return int64_t(__builtin_rintl(x));
 }
 NuvStatus mulCExt64(long double c, Nuv64s* d, int len, int sf) {
+    const nuv::ScopedX87Nearest x87;   // the caller's precision or rounding setting must not enter
     // Beyond 2^20 either way every finite nonzero product over- or underflows alike.
     const int e = sf > (1 << 20) ? -(1 << 20) : (sf < -(1 << 20) ? (1 << 20) : -sf);
     for (int n = 0; n < len; ++n) d[n] = satRound64(__builtin_scalbnl(static_cast<long double>(d[n]) * c, e));

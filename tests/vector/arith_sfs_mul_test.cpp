@@ -276,6 +276,33 @@ TEST(SfsMulFloat, MulCExtendedPrecision) {
     }
 }
 
+// The extended-precision members round to nearest with a 64-bit significand whatever the caller's
+// x87 rounding and precision settings, and leave those settings as they found them.
+TEST(SfsMulFloat, MulCExtendedPrecisionIgnoresCallerX87State) {
+    const std::vector<Nuv64s> x = {7, -7, 5, -5, (Nuv64s(1) << 62) + 1, -(Nuv64s(1) << 62) - 3, 123456789123, INT64_MAX, INT64_MIN};
+    const int n = int(x.size());
+    auto cw = [] { unsigned short w; __asm__ volatile("fnstcw %0" : "=m"(w)); return w; };
+    auto setCw = [](unsigned short w) { __asm__ volatile("fldcw %0" : : "m"(w)); };
+    const unsigned short normal = cw();
+    // Round toward zero, round up, and 53-bit precision with round to nearest.
+    for (unsigned short caller : {uint16_t(normal | 0x0C00), uint16_t((normal & ~0x0C00) | 0x0800), uint16_t((normal & ~0x0F00) | 0x0200)}) {
+        for (int sf : {-2, 0, 1, 2}) {
+            auto y = x, z = x;
+            setCw(caller);
+            const NuvStatus s1 = nuvsMulC_64f64s_ISfs(0.5, y.data(), n, sf), s2 = nuvsMulC_64s_ISfs(3, z.data(), n, sf);
+            const unsigned short after = cw();
+            setCw(normal);
+            ASSERT_EQ(s1, nuvStsOk);
+            ASSERT_EQ(s2, nuvStsOk);
+            EXPECT_EQ(after, caller);
+            for (int i = 0; i < n; ++i) {
+                EXPECT_EQ(y[size_t(i)], ext64Model((long double)x[size_t(i)] * 0.5L, sf)) << std::hex << caller << " sf " << sf;
+                EXPECT_EQ(z[size_t(i)], ext64Model((long double)x[size_t(i)] * 3.0L, sf)) << std::hex << caller << " sf " << sf;
+            }
+        }
+    }
+}
+
 // ---- where the delivered value leaves the exact rule on purpose
 TEST(SfsMulDeviations, Table) {
     struct Row { const char* what; int32_t got, exact; };
