@@ -496,10 +496,14 @@ struct HalfOut {
 
 template <class S>
 void toHalf(const S* s, Half* d, int len, bool near) {
-    const bool hw = hasF16c();
-    if (hw && near) run8(s, d, len, HalfOut<true, true>{});
-    else if (hw) run8(s, d, len, HalfOut<true, false>{});
-    else if (near) run8(s, d, len, HalfOut<false, true>{});
+    if (hasF16c()) {
+        // The conversion instruction raises exception flags (and would trap where the caller
+        // unmasked them): it runs with all exceptions masked, and the caller's word, flags
+        // included, is put back afterwards, as on the integer route, which raises none.
+        const nuv::ScopedMxcsr guard(nuv::kMxcsrMasks, nuv::kMxcsrMasks);
+        if (near) run8(s, d, len, HalfOut<true, true>{});
+        else run8(s, d, len, HalfOut<true, false>{});
+    } else if (near) run8(s, d, len, HalfOut<false, true>{});
     else run8(s, d, len, HalfOut<false, false>{});
 }
 

@@ -445,4 +445,27 @@ TEST(ConvertFpState, CallerRoundingModeNeitherChangesResultsNorIsChanged) {
     }
 }
 
+// Conversions to half floats raise no exception on the caller's side: not with exceptions unmasked,
+// and no sticky flag is left set, on either route.
+TEST(ConvertState, HalfConversionsKeepTheCallersFlags) {
+    const std::vector<Nuv32f> x = {1e30f, std::numeric_limits<float>::quiet_NaN(), 0.1f, -7e-8f, 65519.0f, 1.0f, -1e-40f, 3.0f, 2.5f};
+    const std::vector<Nuv16s> y = {32767, -32768, 2049, 1, 0, -3, 4097, 12345, -9};
+    std::vector<Nuv16f> out(x.size());
+    const unsigned saved = _mm_getcsr();
+    for (int integerRoute : {0, 1}) {
+        nuvcoreTestSetFeatures(integerRoute, 0);
+        for (int mode : {0, 1}) {
+            _mm_setcsr((saved & ~0x1FBFu) | 0x0100u);   // flags clear, only denormals masked
+            const NuvStatus a = nuvsConvert_32f16f(x.data(), out.data(), int(x.size()), mode);
+            const NuvStatus b = nuvsConvert_16s16f(y.data(), out.data(), int(y.size()), mode);
+            const unsigned after = _mm_getcsr();
+            _mm_setcsr(saved);
+            EXPECT_EQ(a, nuvStsOk);
+            EXPECT_EQ(b, nuvStsOk);
+            EXPECT_EQ(after, (saved & ~0x1FBFu) | 0x0100u) << std::hex << after << " integer route " << integerRoute;
+        }
+    }
+    nuvcoreTestSetFeatures(0, 0);
+}
+
 }  // namespace
