@@ -7,8 +7,9 @@ namespace {
 constexpr NuvLibraryVersion kVersion = {8, 1, 1, 42291, {'x', '7', 0, 0},
                                         "nuvSP AVX2 (x7)", "8.1.1 (r42291)", "Apr 10 2014"};
 
-// Set once at load, read by nothing: the entry has no duty that other code depends on.
-[[maybe_unused]] int g_loadFeatureFlag = 0;
+// Set once at load, read by nothing: the entry has no duty that other code depends on.  Volatile,
+// so that the store is made although nothing reads it.
+volatile int g_loadFeatureFlag = 0;
 
 [[gnu::constructor]] void onLoad() {
     const uint64_t f = nuvGetEnabledCpuFeatures();
