@@ -45,7 +45,8 @@ constexpr T scaleRne(i128 x, int sf) noexcept {
     return sat<T>(x);
 }
 
-// 2^-sf as a float built from its exponent field, sf limited to [lo, hi] so the word stays normal.
+// 2^-sf as a float built from its exponent field, sf limited to [lo, hi]: the defaults keep the word
+// normal; [-128, 127] reaches infinity and zero at the ends.
 constexpr float pow2f(int sf, int lo = -127, int hi = 126) noexcept {
     sf = sf < lo ? lo : (sf > hi ? hi : sf);
     return std::bit_cast<float>(uint32_t(0x3F800000 - (sf << 23)));

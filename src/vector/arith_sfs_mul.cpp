@@ -123,6 +123,7 @@ ConstC32 constC32(Nuv32sc v) { return ConstC32{_mm256_set1_epi64x(int64_t(uint32
 template <class B>
 NuvStatus mul32sWith(const Nuv32s* a, B&& b, Nuv32s* d, int len, int sf) {
     if (sf > kMul32s.right) return nuvsZero_32s(d, len);
+    const nuv::ScopedMxcsr nearest(nuv::kMxcsrRcNear, nuv::kMxcsrRcMask);   // the product rounds to nearest
     const __m256d p2 = _mm256_set1_pd(nuv::pow2d(sf < kMul32s.left ? -32 : sf));
     const __m256d hi = _mm256_set1_pd(2147483647.0), lo = _mm256_set1_pd(-2147483648.0);
     auto four = [&]<bool F>(int i, int n) {
@@ -336,7 +337,8 @@ NuvStatus nuvsMulC_32sc_ISfs(Nuv32sc val, Nuv32sc* pSrcDst, int len, int scaleFa
 }
 NuvStatus nuvsMulC_32f16s_Sfs(const Nuv32f* pSrc, Nuv32f val, Nuv16s* pDst, int len, int scaleFactor) {
     if (NuvStatus s = nuv::check(len, pSrc, pDst)) return s;
-    return mulC32f16s(pSrc, val * nuv::pow2f(scaleFactor), pDst, len);
+    // The power is built over the whole exponent field: from scale 127 on it is 0, from -128 down infinity.
+    return mulC32f16s(pSrc, val * nuv::pow2f(scaleFactor, -128, 127), pDst, len);
 }
 NuvStatus nuvsMulC_Low_32f16s(const Nuv32f* pSrc, Nuv32f val, Nuv16s* pDst, int len) {
     if (NuvStatus s = nuv::check(len, pSrc, pDst)) return s;

@@ -229,14 +229,19 @@ TEST(SfsMulFloat, MulC32f16s) {
                               std::numeric_limits<float>::infinity(), -std::numeric_limits<float>::infinity(),
                               std::numeric_limits<float>::quiet_NaN(), -0.0f, 16777215.0f};
     std::copy(std::begin(specials), std::end(specials), x.begin());
+    std::vector<int> scales = {INT_MIN, -200, -128, -127, 126, 127, 200, INT_MAX};
+    for (int sf = -40; sf <= 70; ++sf) scales.push_back(sf);
     for (float val : {1.0f, -1.0f, 0.3f, 3.0f, 0.0f, 1e-20f})
-        for (int sf = -40; sf <= 70; ++sf)
+        for (int sf : scales)
             for (int len : {1, 7, 8, 17, 4099}) {
                 nt::Buf<Nuv32f> s(len, 4);
                 nt::Buf<Nuv16s> d(len, 2);
                 std::memcpy(s.data(), x.data(), size_t(len) * 4);
                 ASSERT_EQ(nuvsMulC_32f16s_Sfs(s.data(), val, d.data(), len, sf), nuvStsOk);
-                const float c = val * std::ldexp(1.0f, -sf);  // the constant carries the scale, rounded once
+                // The constant carries the scale, rounded once; the power runs over the whole exponent
+                // field, to zero from scale 127 and to infinity from -128.
+                const float p2 = sf >= 127 ? 0.0f : sf <= -128 ? std::numeric_limits<float>::infinity() : std::ldexp(1.0f, -sf);
+                const float c = val * p2;
                 for (int i = 0; i < len; ++i) ASSERT_EQ(d[i], mulC32f16sModel(x[size_t(i)], c)) << val << " sf " << sf << " x " << x[size_t(i)];
                 if (sf == 0) {
                     nt::Buf<Nuv16s> e(len);
@@ -300,6 +305,24 @@ TEST(SfsMulFloat, MulCExtendedPrecisionIgnoresCallerX87State) {
                 EXPECT_EQ(z[size_t(i)], ext64Model((long double)x[size_t(i)] * 3.0L, sf)) << std::hex << caller << " sf " << sf;
             }
         }
+    }
+}
+
+// The double route of Mul_32s rounds its product to nearest whatever the caller's SSE rounding.
+TEST(SfsMulFloat, Mul32sIgnoresCallerRounding) {
+    const std::vector<Nuv32s> a(9, 2147483645), b(9, 2147483645);
+    std::vector<Nuv32s> want(9), got(9);
+    ASSERT_EQ(nuvsMul_32s_Sfs(a.data(), b.data(), want.data(), 9, 33), nuvStsOk);
+    EXPECT_EQ(want[0], 536870910);
+    const unsigned saved = _mm_getcsr();
+    for (unsigned rc : {0x2000u, 0x4000u, 0x6000u}) {
+        _mm_setcsr((saved & ~0x6000u) | rc);
+        const NuvStatus st = nuvsMul_32s_Sfs(a.data(), b.data(), got.data(), 9, 33);
+        const unsigned after = _mm_getcsr();
+        _mm_setcsr(saved);
+        EXPECT_EQ(st, nuvStsOk);
+        EXPECT_EQ(after & 0x6000u, rc);
+        EXPECT_EQ(got, want) << std::hex << rc;
     }
 }
 
