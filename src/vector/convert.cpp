@@ -727,7 +727,9 @@ NuvStatus nuvsConvert_32u24u_Sfs(const Nuv32u* pSrc, Nuv8u* pDst, int len, int s
 NuvStatus nuvsConvert_32f24s_Sfs(const Nuv32f* pSrc, Nuv8u* pDst, int len, int scaleFactor) {
     return floatToInt<Top::Min24>(pSrc, reinterpret_cast<I24s*>(pDst), len, nuvRndNear, scaleFactor, 8388607.0f, -0x800000);
 }
+// At scale 0 the unsigned form runs the signed kernel, with its limits 8388607 and -8388608.
 NuvStatus nuvsConvert_32f24u_Sfs(const Nuv32f* pSrc, Nuv8u* pDst, int len, int scaleFactor) {
+    if (scaleFactor == 0) return nuvsConvert_32f24s_Sfs(pSrc, pDst, len, 0);
     return floatToInt<Top::Min24>(pSrc, reinterpret_cast<I24u*>(pDst), len, nuvRndNear, scaleFactor, 16777215.0f, 0);
 }
 
