@@ -2,6 +2,7 @@
 // and for every export that takes arrays the common argument checks (null pointers, then length)
 // with nothing written when they fail.
 #include <dlfcn.h>
+#include <immintrin.h>
 
 #include <algorithm>
 #include <cstdio>
@@ -204,6 +205,28 @@ TEST_P(GenericChecks, NullPointersThenLength) {
             EXPECT_TRUE(c.nothingWritten()) << p.name << " null " << p.params[size_t(idx)];
         }
     }
+}
+
+// A valid call leaves the caller's SSE control word (flags aside) and x87 control word as it found
+// them, with a directed rounding mode and flush-to-zero set and the x87 unit at 53 bits toward zero.
+TEST_P(GenericChecks, LeavesTheCallersControlWords) {
+    const Probe& p = GetParam();
+    const unsigned savedCsr = _mm_getcsr();
+    unsigned short savedCw;
+    __asm__ volatile("fnstcw %0" : "=m"(savedCw));
+    const unsigned csr = (savedCsr & ~0x603Fu) | 0x4000u | 0x8040u;
+    const unsigned short cw = static_cast<unsigned short>((savedCw & ~0x0F00u) | 0x0E00u);
+    Call c(p.params, 9, -1);
+    _mm_setcsr(csr);
+    __asm__ volatile("fldcw %0" : : "m"(cw));
+    p.run(c);
+    const unsigned csrAfter = _mm_getcsr();
+    unsigned short cwAfter;
+    __asm__ volatile("fnstcw %0" : "=m"(cwAfter));
+    __asm__ volatile("fldcw %0" : : "m"(savedCw));
+    _mm_setcsr(savedCsr);
+    EXPECT_EQ(csrAfter & ~0x3Fu, csr) << p.name;
+    EXPECT_EQ(cwAfter, cw) << p.name;
 }
 
 INSTANTIATE_TEST_SUITE_P(All, GenericChecks, ::testing::ValuesIn(probes()),
