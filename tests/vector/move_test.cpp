@@ -1,6 +1,9 @@
 // Fill, copy and reorder: every member against a plain model over many lengths and
 // misalignments, the streaming fill route, overlapping moves, and the bit-string operations
 // against bit-by-bit models.
+#include <sys/mman.h>
+#include <unistd.h>
+
 #include <algorithm>
 #include <climits>
 #include <functional>
@@ -213,6 +216,45 @@ TEST(MoveCopy, OverlappingMoveInBothDirections) {
     overlapFamily<Nuv16s>(nuvsMove_16s, "Move_16s");
     overlapFamily<Nuv32f>(nuvsMove_32f, "Move_32f");
     overlapFamily<Nuv64fc>(nuvsMove_64fc, "Move_64fc");
+}
+
+// Copies past 2 GiB run in pieces of 0x7FFFFFE0 bytes, moves in one byte count: marks at the piece
+// seams, the ends and in between arrive where they belong.  The arrays are mapped lazily; the test
+// needs about 2.5 GiB of free memory and is skipped under the address sanitizer.
+#if defined(__SANITIZE_ADDRESS__)
+#define NUVS_TEST_ASAN 1
+#elif defined(__has_feature)
+#if __has_feature(address_sanitizer)
+#define NUVS_TEST_ASAN 1
+#endif
+#endif
+TEST(MoveCopy, BeyondTwoGiB) {
+#ifdef NUVS_TEST_ASAN
+    GTEST_SKIP() << "too large for the sanitizer's shadow memory";
+#endif
+    if (double(sysconf(_SC_AVPHYS_PAGES)) * double(sysconf(_SC_PAGESIZE)) < 3.5 * (1ull << 30)) GTEST_SKIP() << "not enough free memory";
+    const int len = 0x40000011;   // 16-bit elements: 2 GiB and 34 bytes
+    const size_t bytes = size_t(len) * 2, shift = 64;
+    auto map = [](size_t n) {
+        void* p = mmap(nullptr, n, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
+        return p == MAP_FAILED ? nullptr : static_cast<uint8_t*>(p);
+    };
+    uint8_t* src = map(bytes);
+    uint8_t* dst = map(bytes + shift);
+    ASSERT_TRUE(src && dst);
+    const size_t marks[] = {0, 1, 2, 0x7FFFFFDE, 0x7FFFFFDF, 0x7FFFFFE0, 0x7FFFFFE1, 0x40000001, bytes - 33, bytes - 2, bytes - 1};
+    auto mark = [](size_t at) { return uint8_t(at * 131 + 7) | 1; };
+    for (size_t at : marks) src[at] = mark(at);
+    ASSERT_EQ(nuvsCopy_16s(reinterpret_cast<const Nuv16s*>(src), reinterpret_cast<Nuv16s*>(dst), len), nuvStsOk);
+    for (size_t at : marks) EXPECT_EQ(dst[at], mark(at)) << at;
+    EXPECT_EQ(dst[0x7FFFFFE2], 0);
+    EXPECT_EQ(dst[bytes], 0);
+    // The same data moved up by 64 bytes within the destination, backward over the whole run.
+    ASSERT_EQ(nuvsMove_16s(reinterpret_cast<const Nuv16s*>(dst), reinterpret_cast<Nuv16s*>(dst + shift), len), nuvStsOk);
+    for (size_t at : marks) EXPECT_EQ(dst[at + shift], mark(at)) << at;
+    EXPECT_EQ(dst[0x7FFFFFE2 + shift], 0);
+    munmap(src, bytes);
+    munmap(dst, bytes + shift);
 }
 
 // Members of one sharing group give identical bytes on identical bytes.
