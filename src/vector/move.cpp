@@ -16,9 +16,10 @@ using u8 = uint8_t;
 
 // ---- Zero and Set: one kernel per element width
 
-// One implementation per width, shared by every member of that width; the exports jump to it.
+// Zero, inlined into each export like Set: a jump to a shared body costs short fills more than its
+// bytes are worth.
 template <size_t E>
-[[gnu::noinline]] NuvStatus zeroN(void* pDst, int len) {
+[[gnu::always_inline]] inline NuvStatus zeroN(void* pDst, int len) {
     if (NuvStatus s = nuv::check(len, pDst)) return s;
     nuv::fill::ownsFillBytes<E, 1>(pDst, len, _mm256_setzero_si256(), true);
     return nuvStsOk;
@@ -151,18 +152,22 @@ NuvStatus packBits(const Nuv32u* pSrc, const int* pSrcBitsLen, int srcLen, Nuv8u
 
 }  // namespace
 
+// Members of one element width are one function: the later ones are other names of the first, so a
+// call reaches the kernel without a jump in between.
+#define NUV_SAME_AS(first) __attribute__((alias(#first)))
+
 extern "C" {
 NuvStatus nuvsZero_8u(Nuv8u* pDst, int len) { return zeroN<1>(pDst, len); }
 NuvStatus nuvsZero_16s(Nuv16s* pDst, int len) { return zeroN<2>(pDst, len); }
 NuvStatus nuvsZero_16sc(Nuv16sc* pDst, int len) { return zeroN<4>(pDst, len); }
-NuvStatus nuvsZero_32f(Nuv32f* pDst, int len) { return zeroN<4>(pDst, len); }
+NuvStatus nuvsZero_32f(Nuv32f* pDst, int len) NUV_SAME_AS(nuvsZero_16sc);
 NuvStatus nuvsZero_32fc(Nuv32fc* pDst, int len) { return zeroN<8>(pDst, len); }
-NuvStatus nuvsZero_32s(Nuv32s* pDst, int len) { return zeroN<4>(pDst, len); }
-NuvStatus nuvsZero_32sc(Nuv32sc* pDst, int len) { return zeroN<8>(pDst, len); }
-NuvStatus nuvsZero_64f(Nuv64f* pDst, int len) { return zeroN<8>(pDst, len); }
+NuvStatus nuvsZero_32s(Nuv32s* pDst, int len) NUV_SAME_AS(nuvsZero_16sc);
+NuvStatus nuvsZero_32sc(Nuv32sc* pDst, int len) NUV_SAME_AS(nuvsZero_32fc);
+NuvStatus nuvsZero_64f(Nuv64f* pDst, int len) NUV_SAME_AS(nuvsZero_32fc);
 NuvStatus nuvsZero_64fc(Nuv64fc* pDst, int len) { return zeroN<16>(pDst, len); }
-NuvStatus nuvsZero_64s(Nuv64s* pDst, int len) { return zeroN<8>(pDst, len); }
-NuvStatus nuvsZero_64sc(Nuv64sc* pDst, int len) { return zeroN<16>(pDst, len); }
+NuvStatus nuvsZero_64s(Nuv64s* pDst, int len) NUV_SAME_AS(nuvsZero_32fc);
+NuvStatus nuvsZero_64sc(Nuv64sc* pDst, int len) NUV_SAME_AS(nuvsZero_64fc);
 
 NuvStatus nuvsSet_8u(Nuv8u val, Nuv8u* pDst, int len) { return setN(val, pDst, len); }
 NuvStatus nuvsSet_16s(Nuv16s val, Nuv16s* pDst, int len) { return setN(val, pDst, len); }
@@ -183,26 +188,26 @@ NuvStatus nuvsCopy_8u(const Nuv8u* pSrc, Nuv8u* pDst, int len) {
 }
 NuvStatus nuvsCopy_16s(const Nuv16s* pSrc, Nuv16s* pDst, int len) { return copyN<2>(pSrc, pDst, len); }
 NuvStatus nuvsCopy_16sc(const Nuv16sc* pSrc, Nuv16sc* pDst, int len) { return copyN<4>(pSrc, pDst, len); }
-NuvStatus nuvsCopy_32f(const Nuv32f* pSrc, Nuv32f* pDst, int len) { return copyN<4>(pSrc, pDst, len); }
+NuvStatus nuvsCopy_32f(const Nuv32f* pSrc, Nuv32f* pDst, int len) NUV_SAME_AS(nuvsCopy_16sc);
 NuvStatus nuvsCopy_32fc(const Nuv32fc* pSrc, Nuv32fc* pDst, int len) { return copyN<8>(pSrc, pDst, len); }
-NuvStatus nuvsCopy_32s(const Nuv32s* pSrc, Nuv32s* pDst, int len) { return copyN<4>(pSrc, pDst, len); }
-NuvStatus nuvsCopy_32sc(const Nuv32sc* pSrc, Nuv32sc* pDst, int len) { return copyN<8>(pSrc, pDst, len); }
-NuvStatus nuvsCopy_64f(const Nuv64f* pSrc, Nuv64f* pDst, int len) { return copyN<8>(pSrc, pDst, len); }
+NuvStatus nuvsCopy_32s(const Nuv32s* pSrc, Nuv32s* pDst, int len) NUV_SAME_AS(nuvsCopy_16sc);
+NuvStatus nuvsCopy_32sc(const Nuv32sc* pSrc, Nuv32sc* pDst, int len) NUV_SAME_AS(nuvsCopy_32fc);
+NuvStatus nuvsCopy_64f(const Nuv64f* pSrc, Nuv64f* pDst, int len) NUV_SAME_AS(nuvsCopy_32fc);
 NuvStatus nuvsCopy_64fc(const Nuv64fc* pSrc, Nuv64fc* pDst, int len) { return copyN<16>(pSrc, pDst, len); }
-NuvStatus nuvsCopy_64s(const Nuv64s* pSrc, Nuv64s* pDst, int len) { return copyN<8>(pSrc, pDst, len); }
-NuvStatus nuvsCopy_64sc(const Nuv64sc* pSrc, Nuv64sc* pDst, int len) { return copyN<16>(pSrc, pDst, len); }
+NuvStatus nuvsCopy_64s(const Nuv64s* pSrc, Nuv64s* pDst, int len) NUV_SAME_AS(nuvsCopy_32fc);
+NuvStatus nuvsCopy_64sc(const Nuv64sc* pSrc, Nuv64sc* pDst, int len) NUV_SAME_AS(nuvsCopy_64fc);
 
 NuvStatus nuvsMove_8u(const Nuv8u* pSrc, Nuv8u* pDst, int len) { return moveN<1>(pSrc, pDst, len); }
 NuvStatus nuvsMove_16s(const Nuv16s* pSrc, Nuv16s* pDst, int len) { return moveN<2>(pSrc, pDst, len); }
 NuvStatus nuvsMove_16sc(const Nuv16sc* pSrc, Nuv16sc* pDst, int len) { return moveN<4>(pSrc, pDst, len); }
-NuvStatus nuvsMove_32f(const Nuv32f* pSrc, Nuv32f* pDst, int len) { return moveN<4>(pSrc, pDst, len); }
+NuvStatus nuvsMove_32f(const Nuv32f* pSrc, Nuv32f* pDst, int len) NUV_SAME_AS(nuvsMove_16sc);
 NuvStatus nuvsMove_32fc(const Nuv32fc* pSrc, Nuv32fc* pDst, int len) { return moveN<8>(pSrc, pDst, len); }
-NuvStatus nuvsMove_32s(const Nuv32s* pSrc, Nuv32s* pDst, int len) { return moveN<4>(pSrc, pDst, len); }
-NuvStatus nuvsMove_32sc(const Nuv32sc* pSrc, Nuv32sc* pDst, int len) { return moveN<8>(pSrc, pDst, len); }
-NuvStatus nuvsMove_64f(const Nuv64f* pSrc, Nuv64f* pDst, int len) { return moveN<8>(pSrc, pDst, len); }
+NuvStatus nuvsMove_32s(const Nuv32s* pSrc, Nuv32s* pDst, int len) NUV_SAME_AS(nuvsMove_16sc);
+NuvStatus nuvsMove_32sc(const Nuv32sc* pSrc, Nuv32sc* pDst, int len) NUV_SAME_AS(nuvsMove_32fc);
+NuvStatus nuvsMove_64f(const Nuv64f* pSrc, Nuv64f* pDst, int len) NUV_SAME_AS(nuvsMove_32fc);
 NuvStatus nuvsMove_64fc(const Nuv64fc* pSrc, Nuv64fc* pDst, int len) { return moveN<16>(pSrc, pDst, len); }
-NuvStatus nuvsMove_64s(const Nuv64s* pSrc, Nuv64s* pDst, int len) { return moveN<8>(pSrc, pDst, len); }
-NuvStatus nuvsMove_64sc(const Nuv64sc* pSrc, Nuv64sc* pDst, int len) { return moveN<16>(pSrc, pDst, len); }
+NuvStatus nuvsMove_64s(const Nuv64s* pSrc, Nuv64s* pDst, int len) NUV_SAME_AS(nuvsMove_32fc);
+NuvStatus nuvsMove_64sc(const Nuv64sc* pSrc, Nuv64sc* pDst, int len) NUV_SAME_AS(nuvsMove_64fc);
 
 NuvStatus nuvsFlip_8u(const Nuv8u* pSrc, Nuv8u* pDst, int len) { return flipN<1>(pSrc, pDst, len); }
 NuvStatus nuvsFlip_8u_I(Nuv8u* pSrcDst, int len) { return flipI<1>(pSrcDst, len); }

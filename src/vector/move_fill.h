@@ -52,26 +52,13 @@ inline constexpr int kQueryAbove = 0x200000;
 // first-level cache.
 inline constexpr size_t kStringFillFrom = 0x10000;
 
-// Plain route for n bytes of elements of E bytes.  Above 128 bytes: four stores at the start, a
+// Plain route for n bytes of elements of E bytes, above 128 bytes: four stores at the start, a
 // body of four stores a step, then four stores that end exactly at the end of the region,
 // overlapping what came before.  For a destination on an element boundary the body starts on a
 // 64-byte boundary, so its stores go to whole lines in pairs (two such retire per cycle); any
 // other runs unaligned.  Few branches keep short fills close to the store limit.
 template <size_t E>
-[[gnu::always_inline]] inline void ownsFillPlain(u8* d, size_t n, __m256i pat) {
-    if (n < 32) return fillBelow32(d, n, pat);
-    if (n <= 64) {
-        store32(d, pat);
-        store32(d + n - 32, pat);
-        return;
-    }
-    if (n <= 128) {
-        store32(d, pat);
-        store32(d + 32, pat);
-        store32(d + n - 64, pat);
-        store32(d + n - 32, pat);
-        return;
-    }
+[[gnu::always_inline]] inline void ownsFillAbove128(u8* d, size_t n, __m256i pat) {
     u8* const closing = d + n - 128;
     store32(d, pat);
     store32(d + 32, pat);
@@ -107,6 +94,21 @@ template <size_t E>
     store32(closing + 32, pat);
     store32(closing + 64, pat);
     store32(closing + 96, pat);
+}
+
+template <size_t E>
+[[gnu::always_inline]] inline void ownsFillPlain(u8* d, size_t n, __m256i pat) {
+    if (n > 128) return ownsFillAbove128<E>(d, n, pat);
+    if (n < 32) return fillBelow32(d, n, pat);
+    if (n <= 64) {
+        store32(d, pat);
+        store32(d + n - 32, pat);
+        return;
+    }
+    store32(d, pat);
+    store32(d + 32, pat);
+    store32(d + n - 64, pat);
+    store32(d + n - 32, pat);
 }
 
 // Streaming route for a region larger than the largest cache (n >= 64).  A head that is not
@@ -167,6 +169,8 @@ template <size_t E, size_t P = E>
     u8* d = static_cast<u8*>(dst);
     const int size = int(unsigned(len) * unsigned(E));
     const size_t n = size_t(len) * E;
+    // The common middle range first, with one test: it never asks the cache.
+    if (n - 129 < size_t(kQueryAbove) - 128) return ownsFillAbove128<P>(d, n, pat);
     if (size > kQueryAbove && streamable) return fillLarge<P>(d, n, pat, size, 1);
     ownsFillPlain<P>(d, n, pat);
 }
