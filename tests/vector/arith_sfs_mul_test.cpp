@@ -85,7 +85,9 @@ void sweep(const Member<A, B, D>& m) {
     SCOPED_TRACE(m.name);
     for (bool ip : {false, true}) {
         if (ip && !m.inPlace) continue;
-        for (int sf = -40; sf <= 70; ++sf)
+        std::vector<int> scales = {INT_MIN, INT_MIN + 1, -1000, 1000, INT_MAX};
+        for (int sf = -40; sf <= 70; ++sf) scales.push_back(sf);
+        for (int sf : scales)
             for (Set set : {Full, Small, Extremes}) {
                 const int n = set == Extremes ? kExtremesLen : 67;
                 check(m, operands<A>(n, set, 0), operands<B>(n, set, 2), operands<D>(n, set, 1), sf, ip);
