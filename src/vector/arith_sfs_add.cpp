@@ -215,6 +215,62 @@ void satLoop64(const Src& s, T* d, size_t n) {
     for (; i < n; ++i) d[i] = sat64<T>(i128(s.p(i)) + i128(s.q(i)));
 }
 
+// Right shift by k from 1 to 63 of the 65-bit sum p + q, four lanes a step, in rounding mode M
+// (as rshiftMode).  Bit 64 of the sum comes from the overflow (signed) or the carry
+// (unsigned) of the wrapped 64-bit add.
+struct RightShift64 {
+    __m128i cnt, fillCnt;   // k, and 64 - k where bit 64 of the sum lands
+    __m256i low, half;      // 2^k - 1 and 2^(k-1)
+    explicit RightShift64(int k)
+        : cnt(_mm_cvtsi32_si128(k)), fillCnt(_mm_cvtsi32_si128(64 - k)),
+          low(_mm256_set1_epi64x(int64_t((uint64_t(1) << k) - 1))), half(_mm256_set1_epi64x(int64_t(uint64_t(1) << (k - 1)))) {}
+};
+
+template <class T, int M>
+[[gnu::always_inline]] inline __m256i shiftSum64(__m256i p, __m256i q, const RightShift64& sh) {
+    const __m256i zero = _mm256_setzero_si256(), ones = _mm256_set1_epi64x(-1);
+    const __m256i s = _mm256_add_epi64(p, q);
+    __m256i top;   // bit 64 of the exact sum, all ones or zero
+    if constexpr (std::is_signed_v<T>) {
+        const __m256i ovf = _mm256_and_si256(_mm256_xor_si256(s, p), _mm256_xor_si256(s, q));
+        const __m256d signOf = _mm256_blendv_pd(_mm256_castsi256_pd(s), _mm256_castsi256_pd(p), _mm256_castsi256_pd(ovf));
+        top = _mm256_cmpgt_epi64(zero, _mm256_castpd_si256(signOf));
+    } else {
+        const __m256i bias = _mm256_set1_epi64x(INT64_MIN);
+        top = _mm256_cmpgt_epi64(_mm256_xor_si256(p, bias), _mm256_xor_si256(s, bias));
+    }
+    // Bit 64 lands on bit 64 - k; a signed sum repeats it above, as its sign.
+    const __m256i bit64 = _mm256_sll_epi64(std::is_signed_v<T> ? ones : _mm256_set1_epi64x(1), sh.fillCnt);
+    const __m256i floorQ = _mm256_or_si256(_mm256_srl_epi64(s, sh.cnt), _mm256_and_si256(top, bit64));
+    const __m256i r = _mm256_and_si256(s, sh.low);   // the remainder, below 2^63: signed compares hold
+    const __m256i above = _mm256_cmpgt_epi64(r, sh.half), tie = _mm256_cmpeq_epi64(r, sh.half);
+    __m256i up;
+    if constexpr (M == 1) {
+        const __m256i odd = _mm256_cmpeq_epi64(_mm256_and_si256(floorQ, _mm256_set1_epi64x(1)), _mm256_set1_epi64x(1));
+        up = _mm256_or_si256(above, _mm256_and_si256(tie, odd));
+    } else if constexpr (M == 0) {
+        // toward zero: a negative sum with a remainder goes up from its floor
+        up = std::is_signed_v<T> ? _mm256_andnot_si256(_mm256_cmpeq_epi64(r, zero), top) : zero;
+    } else {
+        // ties away from zero: up on a tie unless the sum is negative
+        up = std::is_signed_v<T> ? _mm256_or_si256(above, _mm256_andnot_si256(top, tie)) : _mm256_or_si256(above, tie);
+    }
+    // No sum rounds past the type's range: the largest, 2^64 - 2 (signed) or 2^65 - 2 (unsigned),
+    // shifts without a remainder at k = 1 and stays below the top from k = 2.
+    return _mm256_sub_epi64(floorQ, up);
+}
+
+template <class T, int M, class Src>
+void rightLoop64(const Src& s, T* d, size_t n, int k) {
+    const RightShift64 sh(k);
+    size_t i = 0;
+    for (; i + 8 <= n; i += 8) {
+        nuv::sfsadd::storev(d + i, shiftSum64<T, M>(s.vp(i), s.vq(i), sh));
+        nuv::sfsadd::storev(d + i + 4, shiftSum64<T, M>(s.vp(i + 4), s.vq(i + 4), sh));
+    }
+    for (; i < n; ++i) d[i] = sat64<T>(rshiftMode<M>(i128(s.p(i)) + i128(s.q(i)), k));
+}
+
 // Route by scale of the 64-bit sums; the mode is tested once, before the right-shift loop.
 template <class T, class Src, class ZeroFn>
 NuvStatus add64(const Src& s, T* d, size_t n, int sf, int mode, Cut cut, ZeroFn zero) {
@@ -229,7 +285,11 @@ NuvStatus add64(const Src& s, T* d, size_t n, int sf, int mode, Cut cut, ZeroFn 
         return zero();
     } else {
         const int k = sf > 100 ? 100 : sf;  // a sum below 2^66 rounds to 0 in every mode from 67 on
-        if (mode == 1) each64(s, d, n, [k](i128 e) { return sat64<T>(rshiftMode<1>(e, k)); });
+        if (k < 64) {
+            if (mode == 1) rightLoop64<T, 1>(s, d, n, k);
+            else if (mode == 0) rightLoop64<T, 0>(s, d, n, k);
+            else rightLoop64<T, 2>(s, d, n, k);
+        } else if (mode == 1) each64(s, d, n, [k](i128 e) { return sat64<T>(rshiftMode<1>(e, k)); });
         else if (mode == 0) each64(s, d, n, [k](i128 e) { return sat64<T>(rshiftMode<0>(e, k)); });
         else each64(s, d, n, [k](i128 e) { return sat64<T>(rshiftMode<2>(e, k)); });
     }
