@@ -187,6 +187,28 @@ class ArithFloat : public ::testing::TestWithParam<Case> {};
 TEST_P(ArithFloat, MatchesModel) { GetParam().run(); }
 INSTANTIATE_TEST_SUITE_P(All, ArithFloat, ::testing::ValuesIn(cases()), [](const auto& c) { return c.param.name; });
 
+// ---------------------------------------------------------------- worked examples
+// Subtraction takes the first array from the second: 3 - 1, never 1 - 3, in the block loop, the
+// tail and the single-element path alike.
+TEST(ArithFloatWorked, SubtractionOrder) {
+    for (int len : {15, 16, 57}) {
+        const std::vector<Nuv32f> ones(size_t(len), 1.0f), threes(size_t(len), 3.0f);
+        const std::vector<Nuv64f> ones64(size_t(len), 1.0), threes64(size_t(len), 3.0);
+        nt::Buf<Nuv32f> d(len), dI(len);
+        nt::Buf<Nuv64f> d64(len);
+        dI.copyFrom(threes);
+        ASSERT_EQ(nuvsSub_32f(ones.data(), threes.data(), d.data(), len), nuvStsOk);
+        ASSERT_EQ(nuvsSub_32f_I(ones.data(), dI.data(), len), nuvStsOk);
+        ASSERT_EQ(nuvsSub_64f(ones64.data(), threes64.data(), d64.data(), len), nuvStsOk);
+        for (int i = 0; i < len; ++i) {
+            EXPECT_EQ(d[i], 2.0f) << "len " << len << " at " << i;
+            EXPECT_EQ(dI[i], 2.0f) << "in place, len " << len << " at " << i;
+            EXPECT_EQ(d64[i], 2.0) << "64f, len " << len << " at " << i;
+        }
+        EXPECT_TRUE(d.intact() && dI.intact() && d64.intact());
+    }
+}
+
 // ---------------------------------------------------------------- neutral constants
 template <class T> std::vector<T> edgeValues(int n) {
     using L = std::numeric_limits<T>;

@@ -311,6 +311,36 @@ TEST(ComplexFloat, PhaseValuesAndAccuracy) {
     }
 }
 
+// Worked values: the phase on the axes is exact to the bit, the conjugate of the most negative
+// imaginary part saturates, and 3 + 4i has modulus 5 to within one unit in the last place.
+TEST(ComplexWorked, AxesConjugateAndModulus) {
+    const struct { float re, im, want; } phases[] = {{1, 0, 0.0f}, {-1, 0, 3.1415927f}, {0, 0, 0.0f}, {0, 1, 1.5707964f}};
+    for (const auto& r : phases) {
+        const Nuv32fc c{r.re, r.im};
+        float f = -1;
+        ASSERT_EQ(nuvsPhase_32fc(&c, &f, 1), nuvStsOk);
+        EXPECT_TRUE(nt::sameBits(f, r.want)) << r.re << " + " << r.im << "i: " << std::hexfloat << f;
+    }
+    const Nuv16sc z[3] = {{5, -32768}, {-32768, -32768}, {7, 32767}};
+    Nuv16sc d[3], flipped[3], inPlace[3] = {z[0], z[1], z[2]};
+    ASSERT_EQ(nuvsConj_16sc(z, d, 3), nuvStsOk);
+    ASSERT_EQ(nuvsConj_16sc_I(inPlace, 3), nuvStsOk);
+    ASSERT_EQ(nuvsConjFlip_16sc(z, flipped, 3), nuvStsOk);
+    const Nuv16sc want[3] = {{5, 32767}, {-32768, 32767}, {7, -32767}};
+    for (int i = 0; i < 3; ++i) {
+        EXPECT_TRUE(same(d[i], want[i])) << i << ": " << show(d[i]);
+        EXPECT_TRUE(same(inPlace[i], want[i])) << i << ": " << show(inPlace[i]);
+        EXPECT_TRUE(same(flipped[2 - i], want[i])) << i << ": " << show(flipped[2 - i]);
+    }
+    for (int len : {1, 8, 9, 33}) {  // the single path and the blocks
+        const std::vector<Nuv32fc> c(size_t(len), Nuv32fc{3, 4});
+        nt::Buf<Nuv32f> m(len);
+        ASSERT_EQ(nuvsMagnitude_32fc(c.data(), m.data(), len), nuvStsOk);
+        for (int i = 0; i < len; ++i)
+            EXPECT_LE(std::fabs(m[i] - 5.0f), 5.0f - std::nextafter(5.0f, 0.0f)) << "len " << len << " at " << i;
+    }
+}
+
 // ---------------------------------------------------------------- polar to Cartesian
 TEST(ComplexPolar, SingleFollowsTheReductionAndDoubleIsAccurate) {
     auto ph = [] { return float(std::uniform_real_distribution<double>(-2000, 2000)(g())); };

@@ -183,6 +183,26 @@ TYPED_TEST(ShiftLogicVectors, EveryCountMatchesModel) {
         }
 }
 
+// A left shift moves bits into the sign bit of a signed element without saturating: the result is
+// the bit pattern, so 0x4000 by 1 is 0x8000 (-32768) and 0x0001 by 15 likewise.
+TEST(ShiftWorked, LeftShiftIntoTheSignBit) {
+    const struct { Nuv16s x; int k; uint16_t want; } rows[] = {
+        {0x4000, 1, 0x8000}, {0x0001, 15, 0x8000}, {0x6000, 1, 0xC000}, {-1, 15, 0x8000}, {0x4001, 2, 0x0004},
+    };
+    for (const auto& r : rows)
+        for (int len : {1, 17, 64}) {  // the single path and the block loop
+            const std::vector<Nuv16s> src(size_t(len), r.x);
+            nt::Buf<Nuv16s> d(len), dI(len);
+            dI.copyFrom(src);
+            ASSERT_EQ(nuvsLShiftC_16s(src.data(), r.k, d.data(), len), nuvStsOk);
+            ASSERT_EQ(nuvsLShiftC_16s_I(r.k, dI.data(), len), nuvStsOk);
+            for (int i = 0; i < len; ++i) {
+                EXPECT_EQ(uint16_t(d[i]), r.want) << std::hex << r.x << " << " << r.k << " len " << len << " at " << i;
+                EXPECT_EQ(uint16_t(dI[i]), r.want) << std::hex << r.x << " << " << r.k << " in place, len " << len;
+            }
+        }
+}
+
 // ---------------------------------------------------------------- order of checks
 
 // One call on guarded arrays of 8 elements, with any array replaced by null and any length.
