@@ -226,19 +226,25 @@ struct RightShift64 {
           low(_mm256_set1_epi64x(int64_t((uint64_t(1) << k) - 1))), half(_mm256_set1_epi64x(int64_t(uint64_t(1) << (k - 1)))) {}
 };
 
+// Bit 64 of the exact sum p + q whose low 64 bits are s, as all ones or zero: the sign of a signed
+// sum (the sign of p where the add overflowed), the carry of an unsigned one.
+template <class T>
+[[gnu::always_inline]] inline __m256i bit64Of(__m256i p, __m256i q, __m256i s) {
+    if constexpr (std::is_signed_v<T>) {
+        const __m256i ovf = _mm256_and_si256(_mm256_xor_si256(s, p), _mm256_xor_si256(s, q));
+        const __m256d signOf = _mm256_blendv_pd(_mm256_castsi256_pd(s), _mm256_castsi256_pd(p), _mm256_castsi256_pd(ovf));
+        return _mm256_cmpgt_epi64(_mm256_setzero_si256(), _mm256_castpd_si256(signOf));
+    } else {
+        const __m256i bias = _mm256_set1_epi64x(INT64_MIN);
+        return _mm256_cmpgt_epi64(_mm256_xor_si256(p, bias), _mm256_xor_si256(s, bias));
+    }
+}
+
 template <class T, int M>
 [[gnu::always_inline]] inline __m256i shiftSum64(__m256i p, __m256i q, const RightShift64& sh) {
     const __m256i zero = _mm256_setzero_si256(), ones = _mm256_set1_epi64x(-1);
     const __m256i s = _mm256_add_epi64(p, q);
-    __m256i top;   // bit 64 of the exact sum, all ones or zero
-    if constexpr (std::is_signed_v<T>) {
-        const __m256i ovf = _mm256_and_si256(_mm256_xor_si256(s, p), _mm256_xor_si256(s, q));
-        const __m256d signOf = _mm256_blendv_pd(_mm256_castsi256_pd(s), _mm256_castsi256_pd(p), _mm256_castsi256_pd(ovf));
-        top = _mm256_cmpgt_epi64(zero, _mm256_castpd_si256(signOf));
-    } else {
-        const __m256i bias = _mm256_set1_epi64x(INT64_MIN);
-        top = _mm256_cmpgt_epi64(_mm256_xor_si256(p, bias), _mm256_xor_si256(s, bias));
-    }
+    const __m256i top = bit64Of<T>(p, q, s);
     // Bit 64 lands on bit 64 - k; a signed sum repeats it above, as its sign.
     const __m256i bit64 = _mm256_sll_epi64(std::is_signed_v<T> ? ones : _mm256_set1_epi64x(1), sh.fillCnt);
     const __m256i floorQ = _mm256_or_si256(_mm256_srl_epi64(s, sh.cnt), _mm256_and_si256(top, bit64));
@@ -271,16 +277,49 @@ void rightLoop64(const Src& s, T* d, size_t n, int k) {
     for (; i < n; ++i) d[i] = sat64<T>(rshiftMode<M>(i128(s.p(i)) + i128(s.q(i)), k));
 }
 
+// Left shift by k of the 65-bit sum, saturated, four lanes a step: k from 1 to 62, where the sum
+// fits when bits 63-k to 64 agree (signed) or are all zero (unsigned).  k of 0 is the sign route:
+// only the sign of the sum is left.
+template <class T>
+[[gnu::always_inline]] inline __m256i leftSum64(__m256i p, __m256i q, int k) {
+    const __m256i zero = _mm256_setzero_si256();
+    const __m256i s = _mm256_add_epi64(p, q);
+    const __m256i top = bit64Of<T>(p, q, s);
+    // the saturated value: the highest for a positive sum, the lowest for a negative one
+    const __m256i sat = std::is_signed_v<T> ? _mm256_xor_si256(top, _mm256_set1_epi64x(INT64_MAX)) : _mm256_set1_epi64x(-1);
+    if (k == 0) {
+        const __m256i isZero = _mm256_andnot_si256(top, _mm256_cmpeq_epi64(s, zero));
+        return _mm256_andnot_si256(isZero, sat);
+    }
+    const __m256i fits = std::is_signed_v<T>
+        ? _mm256_cmpeq_epi64(_mm256_srl_epi64(_mm256_xor_si256(s, top), _mm_cvtsi32_si128(63 - k)), zero)
+        : _mm256_andnot_si256(top, _mm256_cmpeq_epi64(_mm256_srl_epi64(s, _mm_cvtsi32_si128(64 - k)), zero));
+    const __m256i shifted = _mm256_sll_epi64(s, _mm_cvtsi32_si128(k));
+    return _mm256_castpd_si256(_mm256_blendv_pd(_mm256_castsi256_pd(sat), _mm256_castsi256_pd(shifted), _mm256_castsi256_pd(fits)));
+}
+
+template <class T, class Src, class One>
+void leftLoop64(const Src& s, T* d, size_t n, int k, One one) {
+    size_t i = 0;
+    for (; i + 8 <= n; i += 8) {
+        nuv::sfsadd::storev(d + i, leftSum64<T>(s.vp(i), s.vq(i), k));
+        nuv::sfsadd::storev(d + i + 4, leftSum64<T>(s.vp(i + 4), s.vq(i + 4), k));
+    }
+    for (; i < n; ++i) d[i] = one(i128(s.p(i)) + i128(s.q(i)));
+}
+
 // Route by scale of the 64-bit sums; the mode is tested once, before the right-shift loop.
 template <class T, class Src, class ZeroFn>
 NuvStatus add64(const Src& s, T* d, size_t n, int sf, int mode, Cut cut, ZeroFn zero) {
     if (sf == 0) {
         satLoop64(s, d, n);
     } else if (cut.left && sf < -cut.left) {
-        each64(s, d, n, [](i128 e) { return e > 0 ? T(kHi64<T>) : (e < 0 ? T(kLo64<T>) : T(0)); });
+        leftLoop64(s, d, n, 0, [](i128 e) { return e > 0 ? T(kHi64<T>) : (e < 0 ? T(kLo64<T>) : T(0)); });
     } else if (sf < 0) {
         const int k = sf < -100 ? 100 : -sf;  // a shift by 100 leaves only the sign already
-        each64(s, d, n, [k](i128 e) { return e == 0 ? T(0) : lshiftSat<T>(e, k); });
+        auto one = [k](i128 e) { return e == 0 ? T(0) : lshiftSat<T>(e, k); };
+        if (k <= 62) leftLoop64(s, d, n, k, one);
+        else each64(s, d, n, one);
     } else if (sf > cut.right) {
         return zero();
     } else {
