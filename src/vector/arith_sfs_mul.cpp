@@ -190,17 +190,24 @@ NuvStatus mulC32f16s(const Nuv32f* a, float c, Nuv16s* d, int len) {
 // Extended precision: the product rounded to a 64-bit significand, scaled by an exact power of
 // two, rounded to nearest even and saturated to 64 bits.  A NaN gives the lowest value, as the
 // processor's conversion does.
+// The conversion is the store of the x87 unit, which rounds by its control word: to nearest
+// within the kernel's scope.
 inline int64_t satRound64(long double x) {
     if (x != x) return INT64_MIN;
     if (x >= 0x1p63L) return INT64_MAX;
     if (x <= -0x1p63L) return INT64_MIN;
-    return int64_t(__builtin_rintl(x));
+    int64_t r;
+    __asm__("fistpll %0" : "=m"(r) : "t"(x) : "st");
+    return r;
 }
 NuvStatus mulCExt64(long double c, Nuv64s* d, int len, int sf) {
     const nuv::ScopedX87Nearest x87;   // the caller's precision or rounding setting must not enter
-    // Beyond 2^20 either way every finite nonzero product over- or underflows alike.
-    const int e = sf > (1 << 20) ? -(1 << 20) : (sf < -(1 << 20) ? (1 << 20) : -sf);
-    for (int n = 0; n < len; ++n) d[n] = satRound64(__builtin_scalbnl(static_cast<long double>(d[n]) * c, e));
+    // A nonzero product lies between 2^-1074 and 2^1087 in magnitude: from 2^16000 up every one
+    // saturates, from 2^-16000 down every one rounds to 0, so the power is held there, where it is
+    // a normal extended number and the scaling stays exact.
+    const int e = sf > 16000 ? -16000 : (sf < -16000 ? 16000 : -sf);
+    const long double p2 = __builtin_ldexpl(1.0L, e);
+    for (int n = 0; n < len; ++n) d[n] = satRound64(static_cast<long double>(d[n]) * c * p2);
     return nuvStsOk;
 }
 
