@@ -11,6 +11,7 @@
 #include <cmath>
 #include <cstdint>
 #include <cstdlib>
+#include <cstring>
 #include <limits>
 #include <type_traits>
 
@@ -453,6 +454,31 @@ struct Rescale16 {
         float s = (hl * y) * (3.0f - (mf * y) * y);
         return Nuv16sc{round16(float(z.re) * s), round16(float(z.im) * s)};
     }
+
+    // Eight elements, one to a 32-bit lane, each as `one`: the squared magnitude is exact as an
+    // unsigned 32-bit sum (2^31 at most), and the float steps are those of `one`, lane by lane.
+    NUV_INLINE __m256i vec16(__m256i x) const {
+        const __m256i bias = _mm256_set1_epi32(INT32_MIN);
+        const __m256i m = _mm256_madd_epi16(x, x);
+        const __m256i mb = _mm256_xor_si256(m, bias), lb = _mm256_set1_epi32(int32_t(uint32_t(l2) ^ 0x80000000u));
+        const __m256i rep = Floor ? _mm256_cmpgt_epi32(lb, mb) : _mm256_cmpgt_epi32(mb, lb);
+        // 2^31 converts as -2^31: its magnitude is the value
+        const __m256 mf = _mm256_andnot_ps(_mm256_set1_ps(-0.0f), _mm256_cvtepi32_ps(m));
+        const __m256 y = _mm256_rsqrt_ps(mf);
+        const __m256 s = _mm256_mul_ps(_mm256_mul_ps(_mm256_set1_ps(hl), y),
+                                       _mm256_sub_ps(_mm256_set1_ps(3.0f), _mm256_mul_ps(_mm256_mul_ps(mf, y), y)));
+        auto part = [&](__m256i v) {
+            const __m256 r = _mm256_round_ps(_mm256_mul_ps(_mm256_cvtepi32_ps(v), s), _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC);
+            return _mm256_cvtps_epi32(_mm256_max_ps(_mm256_min_ps(r, _mm256_set1_ps(32767.0f)), _mm256_set1_ps(-32768.0f)));
+        };
+        const __m256i re = part(_mm256_srai_epi32(_mm256_slli_epi32(x, 16), 16)), im = part(_mm256_srai_epi32(x, 16));
+        __m256i out = _mm256_or_si256(_mm256_and_si256(re, _mm256_set1_epi32(0xFFFF)), _mm256_slli_epi32(im, 16));
+        if (Floor) {   // a zero below the floor has no direction: it becomes (level, 0)
+            const __m256i zero = _mm256_cmpeq_epi32(m, _mm256_setzero_si256());
+            out = _mm256_blendv_epi8(out, _mm256_set1_epi32(int32_t(uint16_t(level))), zero);
+        }
+        return _mm256_blendv_epi8(x, out, rep);
+    }
 };
 
 template <bool Below>
@@ -463,6 +489,16 @@ struct CplxVal16 {
     NUV_INLINE Nuv16sc one(Nuv16sc z) const {
         int64_t m = int64_t(z.re) * z.re + int64_t(z.im) * z.im;
         return (Below ? m < l2 : m > l2) ? value : z;
+    }
+    // Eight elements, one to a 32-bit lane; the squared magnitude compared as an unsigned sum.
+    NUV_INLINE __m256i vec16(__m256i x) const {
+        const __m256i bias = _mm256_set1_epi32(INT32_MIN);
+        const __m256i mb = _mm256_xor_si256(_mm256_madd_epi16(x, x), bias);
+        const __m256i lb = _mm256_set1_epi32(int32_t(uint32_t(l2) ^ 0x80000000u));
+        const __m256i rep = Below ? _mm256_cmpgt_epi32(lb, mb) : _mm256_cmpgt_epi32(mb, lb);
+        uint32_t v;
+        std::memcpy(&v, &value, 4);
+        return _mm256_blendv_epi8(x, _mm256_set1_epi32(int32_t(v)), rep);
     }
 };
 
@@ -494,6 +530,9 @@ void runCplx(const C* src, C* dst, int len, const Step& st) {
                 S::store(reinterpret_cast<F*>(dst + i), out);
             }
         }
+    } else if constexpr (requires { st.vec16(__m256i{}); }) {
+        for (; i + 8 <= len; i += 8)
+            _mm256_storeu_si256(reinterpret_cast<__m256i*>(dst + i), st.vec16(_mm256_loadu_si256(reinterpret_cast<const __m256i*>(src + i))));
     }
     for (; i < len; ++i) dst[i] = st.one(src[i]);
 }

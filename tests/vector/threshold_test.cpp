@@ -211,7 +211,9 @@ template <class C> std::vector<C> cplxData(int n) {
     std::vector<C> z(static_cast<size_t>(n));
     for (int i = 0; i < n; ++i) z[size_t(i)] = C{v[size_t(2 * i)], v[size_t(2 * i + 1)]};
     const F big = std::is_integral_v<F> ? F(-32768) : F(1e30), tiny = std::is_integral_v<F> ? F(1) : F(1e-30);
-    const C sp[] = {{0, 0}, {F(-0.0), 0}, {F(3), F(-4)}, {tiny, tiny}, {big, F(0)}, {big, big}, {F(-1), F(1)}};
+    // (on, 0) lies exactly on the level of the sweeps: kept by every strict rule
+    const F on = std::is_integral_v<F> ? F(3000) : F(2.5);
+    const C sp[] = {{0, 0}, {F(-0.0), 0}, {F(3), F(-4)}, {tiny, tiny}, {big, F(0)}, {big, big}, {F(-1), F(1)}, {on, F(0)}, {F(0), -on}};
     for (int i = 0; i < n; i += 4) z[size_t(i)] = sp[size_t(i / 4) % std::size(sp)];
     return z;
 }
