@@ -445,22 +445,21 @@ NuvStatus convert64s32sSfs(const Nuv64s* pSrc, Nuv32s* pDst, int len, int rndMod
     return nuvStsOk;
 }
 
-// Double to 64-bit integer in extended precision: the scaled value is exact in 80 bits, the
-// fraction dropped by truncation is exact too, and the rounding decision is made on it.
+// Double to 64-bit integer in extended precision: the scaled value is exact in 80 bits, so the
+// range test on it decides saturation, and one x87 store rounds: by the control word to nearest
+// even, truncating for toward zero, and after adding one half with the value's sign (exact below
+// 2^63 in 64 significant bits) for ties away from zero.
 template <Rnd R>
 NUV_INLINE int64_t f64ToS64(double x, long double scale) {
     if (x != x) return INT64_MIN;
     const long double v = static_cast<long double>(x) * scale;
-    long double t = truncl(v);
-    const long double frac = fabsl(v - t);
-    if constexpr (R == Rnd::Near) {
-        if (frac > 0.5L || (frac == 0.5L && fmodl(t, 2.0L) != 0.0L)) t += v < 0 ? -1.0L : 1.0L;
-    } else if constexpr (R == Rnd::Away) {
-        if (frac >= 0.5L) t += v < 0 ? -1.0L : 1.0L;
-    }
-    if (t >= 0x1p63L) return INT64_MAX;
-    if (t < -0x1p63L) return INT64_MIN;
-    return static_cast<int64_t>(t);
+    if (v >= 0x1p63L) return INT64_MAX;
+    if (v < -0x1p63L) return INT64_MIN;
+    if constexpr (R == Rnd::Zero) return static_cast<int64_t>(v);
+    if constexpr (R == Rnd::Away) return static_cast<int64_t>(v + (v < 0 ? -0.5L : 0.5L));
+    int64_t r;
+    __asm__("fistpll %0" : "=m"(r) : "t"(v) : "st");
+    return r;
 }
 
 template <Rnd R>
@@ -470,6 +469,7 @@ void loop64f64s(const Nuv64f* pSrc, Nuv64s* pDst, int len, long double scale) {
 
 NuvStatus convert64f64sSfs(const Nuv64f* pSrc, Nuv64s* pDst, int len, int rndMode, int sf) {
     if (NuvStatus st = nuv::check(len, pSrc, pDst)) return st;
+    const nuv::ScopedX87Nearest x87;   // 64 significant bits and rounding to nearest for the loop
     // Beyond +-2000 every double either vanishes or saturates, as at the limit itself.
     const long double scale = ldexpl(1.0L, -(sf < -2000 ? -2000 : (sf > 2000 ? 2000 : sf)));
     switch (rndOf(rndMode)) {

@@ -473,4 +473,29 @@ TEST(ConvertState, HalfConversionsKeepTheCallersFlags) {
     nuvcoreTestSetFeatures(0, 0);
 }
 
+// The extended-precision conversion rounds by its own x87 settings, not the caller's: the same
+// results under rounding toward zero or upward and under 53-bit precision, and the caller's word back.
+TEST(ConvertState, ExtendedPrecisionIgnoresCallerX87State) {
+    const std::vector<Nuv64f> x = {2.5, 3.5, -2.5, 7.75, -0.5, 0x1p60 + 1024.0, -0x1p62 - 2048.0, 1.5e-300, 0x1.fffffffffffffp62};
+    const int n = int(x.size());
+    auto cw = [] { unsigned short w; __asm__ volatile("fnstcw %0" : "=m"(w)); return w; };
+    auto setCw = [](unsigned short w) { __asm__ volatile("fldcw %0" : : "m"(w)); };
+    const unsigned short normal = cw();
+    for (int mode : {0, 1, 2}) {
+        for (int sf : {-3, 0, 1}) {
+            std::vector<Nuv64s> want(x.size()), got(x.size());
+            ASSERT_EQ(nuvsConvert_64f64s_Sfs(x.data(), want.data(), n, mode, sf), nuvStsOk);
+            for (unsigned short caller : {uint16_t(normal | 0x0C00), uint16_t((normal & ~0x0C00) | 0x0800), uint16_t((normal & ~0x0F00) | 0x0200)}) {
+                setCw(caller);
+                const NuvStatus st = nuvsConvert_64f64s_Sfs(x.data(), got.data(), n, mode, sf);
+                const unsigned short after = cw();
+                setCw(normal);
+                EXPECT_EQ(st, nuvStsOk);
+                EXPECT_EQ(after, caller);
+                EXPECT_EQ(got, want) << "mode " << mode << " sf " << sf << " caller " << std::hex << caller;
+            }
+        }
+    }
+}
+
 }  // namespace
