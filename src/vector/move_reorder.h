@@ -151,22 +151,30 @@ inline void ownsSwapBytes(const u8* s, u8* d, size_t n) {
     st(d + bytes - 32, last);
 }
 
-// Packed 24-bit elements: bytes 0 and 2 of each swap, byte 1 stays.  A step reads 32 bytes and
+// Packed 24-bit elements: bytes 0 and 2 of each swap, byte 1 stays.  A turn reads 32 bytes and
 // turns the first 24 (eight elements): the dwords are spread so that each 128-bit lane holds
 // twelve whole bytes, the triples are reversed within lanes, gathered back, and bytes 24..31 go
-// out as they came in, to be rewritten by the next step or by the single elements after the loop.
+// out as they came in, to be rewritten by the next turn or by the single elements after the loop.
 inline void ownsSwapBytes24(const u8* s, u8* d, size_t n) {
     const size_t bytes = n * 3;
     const __m256i spread = _mm256_setr_epi32(0, 1, 2, 3, 3, 4, 5, 6);
     const __m256i tri = _mm256_setr_epi8(2, 1, 0, 5, 4, 3, 8, 7, 6, 11, 10, 9, 12, 13, 14, 15,
                                          2, 1, 0, 5, 4, 3, 8, 7, 6, 11, 10, 9, 12, 13, 14, 15);
     const __m256i gather = _mm256_setr_epi32(0, 1, 2, 4, 5, 6, 7, 7);
-    size_t i = 0;
-    for (; i + 32 <= bytes; i += 24) {
-        const __m256i x = ld(s + i);
+    auto turn = [&](__m256i x) {
         const __m256i y = _mm256_permutevar8x32_epi32(_mm256_shuffle_epi8(_mm256_permutevar8x32_epi32(x, spread), tri), gather);
-        st(d + i, _mm256_blend_epi32(y, x, 0xC0));
+        return _mm256_blend_epi32(y, x, 0xC0);
+    };
+    size_t i = 0;
+    // Sixteen elements a step, both loads before the stores, and the stores end where the next
+    // step's loads begin: in place, no load waits on a store that covers it only in part.
+    for (; i + 56 <= bytes; i += 48) {
+        const __m256i a = turn(ld(s + i)), b = turn(ld(s + i + 24));
+        st(d + i, a);
+        _mm_storeu_si128(reinterpret_cast<__m128i*>(d + i + 24), _mm256_castsi256_si128(b));
+        _mm_storel_epi64(reinterpret_cast<__m128i*>(d + i + 40), _mm256_extracti128_si256(b, 1));
     }
+    for (; i + 32 <= bytes; i += 24) st(d + i, turn(ld(s + i)));
     for (; i < bytes; i += 3) {
         const u8 a = s[i], b = s[i + 1], c = s[i + 2];
         d[i] = c;
