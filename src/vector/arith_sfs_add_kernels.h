@@ -190,9 +190,56 @@ NUV_SFS_INLINE __m256i narrowRoute(__m256i e, const NarrowParams<L>& c) {
     }
 }
 
+// 16-bit right shifts by k up to 15 without widening: with x = (x >> k) 2^k + (x & m), m = 2^k - 1,
+// the exact e = p op q is h 2^k + low with h = (p >> k) op (q >> k) and low = (p & m) op (q & m),
+// low within (-2^k, 2^(k+1)); its floor quotient joins h, its remainder r decides the rounding:
+// up when r is above half of 2^k, or equal to it with an odd quotient.  Every step fits 16 bits;
+// only the final step up can pass the top, and it saturates there.
+struct Split16 {
+    __m128i cnt;
+    __m256i mask, half, one = _mm256_set1_epi16(1);
+    explicit Split16(int k)
+        : cnt(_mm_cvtsi32_si128(k)), mask(_mm256_set1_epi16(int16_t((1 << k) - 1))), half(_mm256_set1_epi16(int16_t(1 << (k - 1)))) {}
+};
+
+template <class T, Op O>
+NUV_SFS_INLINE __m256i splitRight16(__m256i p, __m256i q, const Split16& c) {
+    constexpr bool kSigned = std::is_signed_v<T>;
+    auto shr = [&](__m256i v) { return kSigned ? _mm256_sra_epi16(v, c.cnt) : _mm256_srl_epi16(v, c.cnt); };
+    const __m256i pl = _mm256_and_si256(p, c.mask), ql = _mm256_and_si256(q, c.mask);
+    __m256i t;
+    if constexpr (O == Op::Plus) {
+        const __m256i low = _mm256_add_epi16(pl, ql);   // 0 .. 2^(k+1) - 2, as unsigned
+        t = _mm256_add_epi16(_mm256_add_epi16(shr(p), shr(q)), _mm256_srl_epi16(low, c.cnt));
+    } else {
+        const __m256i low = _mm256_sub_epi16(pl, ql);   // -(2^k - 1) .. 2^k - 1
+        t = _mm256_add_epi16(_mm256_sub_epi16(shr(p), shr(q)), _mm256_sra_epi16(low, c.cnt));
+    }
+    const __m256i r = _mm256_and_si256(_mm256_add_epi16(pl, O == Op::Plus ? ql : _mm256_sub_epi16(_mm256_setzero_si256(), ql)), c.mask);
+    const __m256i above = _mm256_cmpgt_epi16(r, c.half), tie = _mm256_cmpeq_epi16(r, c.half);
+    const __m256i odd = _mm256_and_si256(t, c.one);
+    const __m256i up = _mm256_and_si256(_mm256_or_si256(above, _mm256_and_si256(tie, _mm256_cmpeq_epi16(odd, c.one))), c.one);
+    if constexpr (kSigned) return _mm256_adds_epi16(t, up);
+    else if constexpr (O == Op::Plus) return _mm256_adds_epu16(t, up);
+    else {
+        // A negative quotient (as a signed word) means a negative exact value: 0.
+        const __m256i neg = _mm256_cmpgt_epi16(_mm256_setzero_si256(), t);
+        return _mm256_andnot_si256(neg, _mm256_add_epi16(t, up));
+    }
+}
+
 template <class T, Op O, Route R, class Src>
 void narrowLoop(const Src& s, T* d, size_t n, int k) {
     using L = Narrow<T>;
+    if constexpr (sizeof(T) == 2 && (R == Route::Right || R == Route::One)) {
+        if (k <= 15) {
+            const Split16 c(k);
+            size_t i = 0;
+            for (; i + 16 <= n; i += 16) storev(d + i, splitRight16<T, O>(s.vp(i), s.vq(i), c));
+            for (; i < n; ++i) d[i] = single<T, O, R>(s.p(i), s.q(i), k);
+            return;
+        }
+    }
     const NarrowParams<L> c(R, k);
     size_t i = 0;
     for (; i + L::kStep <= n; i += L::kStep) {
