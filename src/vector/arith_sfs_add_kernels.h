@@ -207,15 +207,11 @@ NUV_SFS_INLINE __m256i splitRight16(__m256i p, __m256i q, const Split16& c) {
     constexpr bool kSigned = std::is_signed_v<T>;
     auto shr = [&](__m256i v) { return kSigned ? _mm256_sra_epi16(v, c.cnt) : _mm256_srl_epi16(v, c.cnt); };
     const __m256i pl = _mm256_and_si256(p, c.mask), ql = _mm256_and_si256(q, c.mask);
-    __m256i t;
-    if constexpr (O == Op::Plus) {
-        const __m256i low = _mm256_add_epi16(pl, ql);   // 0 .. 2^(k+1) - 2, as unsigned
-        t = _mm256_add_epi16(_mm256_add_epi16(shr(p), shr(q)), _mm256_srl_epi16(low, c.cnt));
-    } else {
-        const __m256i low = _mm256_sub_epi16(pl, ql);   // -(2^k - 1) .. 2^k - 1
-        t = _mm256_add_epi16(_mm256_sub_epi16(shr(p), shr(q)), _mm256_sra_epi16(low, c.cnt));
-    }
-    const __m256i r = _mm256_and_si256(_mm256_add_epi16(pl, O == Op::Plus ? ql : _mm256_sub_epi16(_mm256_setzero_si256(), ql)), c.mask);
+    const __m256i h = O == Op::Plus ? _mm256_add_epi16(shr(p), shr(q)) : _mm256_sub_epi16(shr(p), shr(q));
+    const __m256i low = O == Op::Plus ? _mm256_add_epi16(pl, ql) : _mm256_sub_epi16(pl, ql);
+    // The floor quotient: low / 2^k is 0 or 1 for a sum (low read unsigned), -1 or 0 for a difference.
+    const __m256i t = _mm256_add_epi16(h, O == Op::Plus ? _mm256_srl_epi16(low, c.cnt) : _mm256_sra_epi16(low, c.cnt));
+    const __m256i r = _mm256_and_si256(low, c.mask);
     const __m256i above = _mm256_cmpgt_epi16(r, c.half), tie = _mm256_cmpeq_epi16(r, c.half);
     const __m256i odd = _mm256_and_si256(t, c.one);
     const __m256i up = _mm256_and_si256(_mm256_or_si256(above, _mm256_and_si256(tie, _mm256_cmpeq_epi16(odd, c.one))), c.one);
