@@ -190,48 +190,77 @@ NUV_SFS_INLINE __m256i narrowRoute(__m256i e, const NarrowParams<L>& c) {
     }
 }
 
-// 16-bit right shifts by k up to 15 without widening: with x = (x >> k) 2^k + (x & m), m = 2^k - 1,
-// the exact e = p op q is h 2^k + low with h = (p >> k) op (q >> k) and low = (p & m) op (q & m),
-// low within (-2^k, 2^(k+1)); its floor quotient joins h, its remainder r decides the rounding:
-// up when r is above half of 2^k, or equal to it with an odd quotient.  Every step fits 16 bits;
-// only the final step up can pass the top, and it saturates there.
-struct Split16 {
+// Right shifts by k below the lane width without widening (8-bit lanes up to 7, 16-bit up to 15):
+// with x = (x >> k) 2^k + (x & m), m = 2^k - 1, the exact e = p op q is h 2^k + low with
+// h = (p >> k) op (q >> k) and low = (p & m) op (q & m), low within (-2^k, 2^(k+1)); its floor
+// quotient joins h, its remainder r decides the rounding: up when r is above half of 2^k, or
+// equal to it with an odd quotient.  Every step fits the lane; only the final step up can pass
+// the top, and it saturates there.
+template <size_t Bytes> struct SplitLanes;
+template <> struct SplitLanes<1> {
+    NUV_SFS_INLINE static __m256i set1(int x) { return _mm256_set1_epi8(int8_t(x)); }
+    NUV_SFS_INLINE static __m256i add(__m256i a, __m256i b) { return _mm256_add_epi8(a, b); }
+    NUV_SFS_INLINE static __m256i sub(__m256i a, __m256i b) { return _mm256_sub_epi8(a, b); }
+    NUV_SFS_INLINE static __m256i cmpgt(__m256i a, __m256i b) { return _mm256_cmpgt_epi8(a, b); }
+    NUV_SFS_INLINE static __m256i cmpeq(__m256i a, __m256i b) { return _mm256_cmpeq_epi8(a, b); }
+    NUV_SFS_INLINE static __m256i addsU(__m256i a, __m256i b) { return _mm256_adds_epu8(a, b); }
+};
+template <> struct SplitLanes<2> {
+    NUV_SFS_INLINE static __m256i set1(int x) { return _mm256_set1_epi16(int16_t(x)); }
+    NUV_SFS_INLINE static __m256i add(__m256i a, __m256i b) { return _mm256_add_epi16(a, b); }
+    NUV_SFS_INLINE static __m256i sub(__m256i a, __m256i b) { return _mm256_sub_epi16(a, b); }
+    NUV_SFS_INLINE static __m256i cmpgt(__m256i a, __m256i b) { return _mm256_cmpgt_epi16(a, b); }
+    NUV_SFS_INLINE static __m256i cmpeq(__m256i a, __m256i b) { return _mm256_cmpeq_epi16(a, b); }
+    NUV_SFS_INLINE static __m256i addsU(__m256i a, __m256i b) { return _mm256_adds_epu16(a, b); }
+    NUV_SFS_INLINE static __m256i addsS(__m256i a, __m256i b) { return _mm256_adds_epi16(a, b); }
+};
+
+template <class T>
+struct Split {
+    using W = SplitLanes<sizeof(T)>;
+    static constexpr int kMaxShift = 8 * int(sizeof(T)) - 1;
     __m128i cnt;
-    __m256i mask, half, one = _mm256_set1_epi16(1);
-    explicit Split16(int k)
-        : cnt(_mm_cvtsi32_si128(k)), mask(_mm256_set1_epi16(int16_t((1 << k) - 1))), half(_mm256_set1_epi16(int16_t(1 << (k - 1)))) {}
+    __m256i mask, half, one = W::set1(1);
+    __m256i keep;   // bytes: the bits a 16-bit shift leaves within each byte
+    explicit Split(int k)
+        : cnt(_mm_cvtsi32_si128(k)), mask(W::set1((1 << k) - 1)), half(W::set1(1 << (k - 1))), keep(W::set1(0xFF >> k)) {}
+    // x >> k in every lane, logical or (16-bit lanes) arithmetic.
+    template <bool Signed>
+    NUV_SFS_INLINE __m256i shr(__m256i x) const {
+        if constexpr (sizeof(T) == 1) return _mm256_and_si256(_mm256_srl_epi16(x, cnt), keep);
+        else if constexpr (Signed) return _mm256_sra_epi16(x, cnt);
+        else return _mm256_srl_epi16(x, cnt);
+    }
 };
 
 template <class T, Op O>
-NUV_SFS_INLINE __m256i splitRight16(__m256i p, __m256i q, const Split16& c) {
+NUV_SFS_INLINE __m256i splitRight(__m256i p, __m256i q, const Split<T>& c) {
+    using W = SplitLanes<sizeof(T)>;
     constexpr bool kSigned = std::is_signed_v<T>;
-    auto shr = [&](__m256i v) { return kSigned ? _mm256_sra_epi16(v, c.cnt) : _mm256_srl_epi16(v, c.cnt); };
+    const __m256i zero = _mm256_setzero_si256();
     const __m256i pl = _mm256_and_si256(p, c.mask), ql = _mm256_and_si256(q, c.mask);
-    const __m256i h = O == Op::Plus ? _mm256_add_epi16(shr(p), shr(q)) : _mm256_sub_epi16(shr(p), shr(q));
-    const __m256i low = O == Op::Plus ? _mm256_add_epi16(pl, ql) : _mm256_sub_epi16(pl, ql);
+    const __m256i h = O == Op::Plus ? W::add(c.template shr<kSigned>(p), c.template shr<kSigned>(q))
+                                    : W::sub(c.template shr<kSigned>(p), c.template shr<kSigned>(q));
+    const __m256i low = O == Op::Plus ? W::add(pl, ql) : W::sub(pl, ql);
     // The floor quotient: low / 2^k is 0 or 1 for a sum (low read unsigned), -1 or 0 for a difference.
-    const __m256i t = _mm256_add_epi16(h, O == Op::Plus ? _mm256_srl_epi16(low, c.cnt) : _mm256_sra_epi16(low, c.cnt));
+    const __m256i t = W::add(h, O == Op::Plus ? c.template shr<false>(low) : W::cmpgt(zero, low));
     const __m256i r = _mm256_and_si256(low, c.mask);
-    const __m256i above = _mm256_cmpgt_epi16(r, c.half), tie = _mm256_cmpeq_epi16(r, c.half);
-    const __m256i odd = _mm256_and_si256(t, c.one);
-    const __m256i up = _mm256_and_si256(_mm256_or_si256(above, _mm256_and_si256(tie, _mm256_cmpeq_epi16(odd, c.one))), c.one);
-    if constexpr (kSigned) return _mm256_adds_epi16(t, up);
-    else if constexpr (O == Op::Plus) return _mm256_adds_epu16(t, up);
-    else {
-        // A negative quotient (as a signed word) means a negative exact value: 0.
-        const __m256i neg = _mm256_cmpgt_epi16(_mm256_setzero_si256(), t);
-        return _mm256_andnot_si256(neg, _mm256_add_epi16(t, up));
-    }
+    const __m256i odd = W::cmpeq(_mm256_and_si256(t, c.one), c.one);
+    const __m256i up = _mm256_and_si256(_mm256_or_si256(W::cmpgt(r, c.half), _mm256_and_si256(W::cmpeq(r, c.half), odd)), c.one);
+    if constexpr (kSigned) return W::addsS(t, up);
+    else if constexpr (O == Op::Plus) return W::addsU(t, up);
+    else return _mm256_andnot_si256(W::cmpgt(zero, t), W::add(t, up));   // a negative quotient: 0
 }
 
 template <class T, Op O, Route R, class Src>
 void narrowLoop(const Src& s, T* d, size_t n, int k) {
     using L = Narrow<T>;
-    if constexpr (sizeof(T) == 2 && (R == Route::Right || R == Route::One)) {
-        if (k <= 15) {
-            const Split16 c(k);
+    if constexpr (R == Route::Right || R == Route::One) {
+        if (k <= Split<T>::kMaxShift) {
+            const Split<T> c(k);
+            constexpr size_t kPer = 32 / sizeof(T);
             size_t i = 0;
-            for (; i + 16 <= n; i += 16) storev(d + i, splitRight16<T, O>(s.vp(i), s.vq(i), c));
+            for (; i + kPer <= n; i += kPer) storev(d + i, splitRight<T, O>(s.vp(i), s.vq(i), c));
             for (; i < n; ++i) d[i] = single<T, O, R>(s.p(i), s.q(i), k);
             return;
         }
