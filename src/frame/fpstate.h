@@ -2,6 +2,8 @@
 #pragma once
 #include <immintrin.h>
 
+#include <cstdint>
+
 namespace nuv {
 
 enum : unsigned {
@@ -55,5 +57,13 @@ private:
     unsigned short saved_;
     bool changed_ = false;
 };
+
+// The x87 store to a 64-bit integer, rounding by the control word: to nearest inside a
+// ScopedX87Nearest.  x must lie within the 64-bit range.
+inline int64_t x87StoreInt64(long double x) {
+    int64_t r;
+    __asm__("fistpll %0" : "=m"(r) : "t"(x) : "st");
+    return r;
+}
 
 }  // namespace nuv

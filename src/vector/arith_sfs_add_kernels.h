@@ -171,12 +171,12 @@ struct NarrowParams {
     }
 };
 
-// The route applied to exact values in wide lanes.
+// The route applied to exact values in wide lanes (right shifts only from the lane width on; the
+// shorter ones take the split kernel below).
 template <class L, Route R>
 NUV_SFS_INLINE __m256i narrowRoute(__m256i e, const NarrowParams<L>& c) {
-    if constexpr (R == Route::One) {
-        return L::template srai<1>(L::add(e, _mm256_and_si256(L::template srai<1>(e), c.one)));
-    } else if constexpr (R == Route::Right) {
+    static_assert(R != Route::One && R != Route::Sat);
+    if constexpr (R == Route::Right) {
         const __m256i odd = _mm256_and_si256(L::sra(e, c.cnt), c.one);
         return L::sra(L::add(L::add(e, c.bias), odd), c.cnt);
     } else if constexpr (R == Route::Left) {
@@ -253,33 +253,38 @@ NUV_SFS_INLINE __m256i splitRight(__m256i p, __m256i q, const Split<T>& c) {
 }
 
 template <class T, Op O, Route R, class Src>
+void splitLoop(const Src& s, T* d, size_t n, int k) {
+    const Split<T> c(k);
+    constexpr size_t kPer = 32 / sizeof(T);
+    size_t i = 0;
+    for (; i + kPer <= n; i += kPer) storev(d + i, splitRight<T, O>(s.vp(i), s.vq(i), c));
+    for (; i < n; ++i) d[i] = single<T, O, R>(s.p(i), s.q(i), k);
+}
+
+template <class T, Op O, Route R, class Src>
 void narrowLoop(const Src& s, T* d, size_t n, int k) {
     using L = Narrow<T>;
-    if constexpr (R == Route::Right || R == Route::One) {
-        if (k <= Split<T>::kMaxShift) {
-            const Split<T> c(k);
-            constexpr size_t kPer = 32 / sizeof(T);
-            size_t i = 0;
-            for (; i + kPer <= n; i += kPer) storev(d + i, splitRight<T, O>(s.vp(i), s.vq(i), c));
-            for (; i < n; ++i) d[i] = single<T, O, R>(s.p(i), s.q(i), k);
-            return;
+    if constexpr (R == Route::One) {
+        splitLoop<T, O, R>(s, d, n, k);
+    } else {
+        if constexpr (R == Route::Right)
+            if (k <= Split<T>::kMaxShift) return splitLoop<T, O, R>(s, d, n, k);
+        const NarrowParams<L> c(R, k);
+        size_t i = 0;
+        for (; i + L::kStep <= n; i += L::kStep) {
+            const __m256i p = s.vp(i), q = s.vq(i);
+            __m256i r;
+            if constexpr (R == Route::Sat) {
+                r = O == Op::Plus ? L::adds(p, q) : L::subs(p, q);
+            } else {
+                const __m256i el = O == Op::Plus ? L::add(L::lo(p), L::lo(q)) : L::sub(L::lo(p), L::lo(q));
+                const __m256i eh = O == Op::Plus ? L::add(L::hi(p), L::hi(q)) : L::sub(L::hi(p), L::hi(q));
+                r = L::pack(narrowRoute<L, R>(el, c), narrowRoute<L, R>(eh, c));
+            }
+            storev(d + i, r);
         }
+        for (; i < n; ++i) d[i] = single<T, O, R>(s.p(i), s.q(i), k);
     }
-    const NarrowParams<L> c(R, k);
-    size_t i = 0;
-    for (; i + L::kStep <= n; i += L::kStep) {
-        const __m256i p = s.vp(i), q = s.vq(i);
-        __m256i r;
-        if constexpr (R == Route::Sat) {
-            r = O == Op::Plus ? L::adds(p, q) : L::subs(p, q);
-        } else {
-            const __m256i el = O == Op::Plus ? L::add(L::lo(p), L::lo(q)) : L::sub(L::lo(p), L::lo(q));
-            const __m256i eh = O == Op::Plus ? L::add(L::hi(p), L::hi(q)) : L::sub(L::hi(p), L::hi(q));
-            r = L::pack(narrowRoute<L, R>(el, c), narrowRoute<L, R>(eh, c));
-        }
-        storev(d + i, r);
-    }
-    for (; i < n; ++i) d[i] = single<T, O, R>(s.p(i), s.q(i), k);
 }
 
 // ---- 32-bit elements ---------------------------------------------------------------------------

@@ -196,9 +196,7 @@ inline int64_t satRound64(long double x) {
     if (x != x) return INT64_MIN;
     if (x >= 0x1p63L) return INT64_MAX;
     if (x <= -0x1p63L) return INT64_MIN;
-    int64_t r;
-    __asm__("fistpll %0" : "=m"(r) : "t"(x) : "st");
-    return r;
+    return nuv::x87StoreInt64(x);
 }
 NuvStatus mulCExt64(long double c, Nuv64s* d, int len, int sf) {
     const nuv::ScopedX87Nearest x87;   // the caller's precision or rounding setting must not enter

@@ -457,9 +457,7 @@ NUV_INLINE int64_t f64ToS64(double x, long double scale) {
     if (v < -0x1p63L) return INT64_MIN;
     if constexpr (R == Rnd::Zero) return static_cast<int64_t>(v);
     if constexpr (R == Rnd::Away) return static_cast<int64_t>(v + (v < 0 ? -0.5L : 0.5L));
-    int64_t r;
-    __asm__("fistpll %0" : "=m"(r) : "t"(v) : "st");
-    return r;
+    return nuv::x87StoreInt64(v);
 }
 
 template <Rnd R>
