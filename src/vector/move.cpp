@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "frame/check.h"
+#include "frame/export.h"
 #include "nuvs.h"
 #include "vector/move_bits.h"
 #include "vector/move_copy.h"
@@ -151,10 +152,6 @@ NuvStatus packBits(const Nuv32u* pSrc, const int* pSrcBitsLen, int srcLen, Nuv8u
 }
 
 }  // namespace
-
-// Members of one element width are one function: the later ones are other names of the first, so a
-// call reaches the kernel without a jump in between.
-#define NUV_SAME_AS(first) __attribute__((alias(#first)))
 
 extern "C" {
 NuvStatus nuvsZero_8u(Nuv8u* pDst, int len) { return zeroN<1>(pDst, len); }

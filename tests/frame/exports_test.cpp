@@ -86,6 +86,60 @@ TEST(Exports, VersionRecord) {
     EXPECT_STREQ(v->BuildDate, "Apr 10 2014");
 }
 
+// Exports that can't differ are one implementation under several names.  A group is checked once
+// all its members are exported.  Set_32fc/32sc and Set_64f/64s stay apart: their values arrive in
+// different registers.
+TEST(Exports, SharingGroupsAreOneFunction) {
+    const std::vector<std::vector<const char*>> groups = {
+        {"nuvsCopy_16sc", "nuvsCopy_32f", "nuvsCopy_32s"},
+        {"nuvsCopy_32fc", "nuvsCopy_32sc", "nuvsCopy_64f", "nuvsCopy_64s"},
+        {"nuvsCopy_64fc", "nuvsCopy_64sc"},
+        {"nuvsMove_16sc", "nuvsMove_32f", "nuvsMove_32s"},
+        {"nuvsMove_32fc", "nuvsMove_32sc", "nuvsMove_64f", "nuvsMove_64s"},
+        {"nuvsMove_64fc", "nuvsMove_64sc"},
+        {"nuvsZero_16sc", "nuvsZero_32f", "nuvsZero_32s"},
+        {"nuvsZero_32fc", "nuvsZero_32sc", "nuvsZero_64f", "nuvsZero_64s"},
+        {"nuvsZero_64fc", "nuvsZero_64sc"},
+        {"nuvsMalloc_8s", "nuvsMalloc_8u"},
+        {"nuvsMalloc_16s", "nuvsMalloc_16u", "nuvsMalloc_8sc"},
+        {"nuvsMalloc_16sc", "nuvsMalloc_32f", "nuvsMalloc_32s", "nuvsMalloc_32u"},
+        {"nuvsMalloc_32fc", "nuvsMalloc_32sc", "nuvsMalloc_64f", "nuvsMalloc_64s"},
+        {"nuvsMalloc_64fc", "nuvsMalloc_64sc"},
+        {"nuvsSampleUp_16sc", "nuvsSampleUp_32f"},
+        {"nuvsSampleUp_32fc", "nuvsSampleUp_64f"},
+        {"nuvsFFTGetSize_C_32s", "nuvsFFTGetSize_C_32sc"},
+        {"nuvsFIRGetStateSize32f_16s", "nuvsFIRGetStateSize_32f", "nuvsFIRStreamGetStateSize_32f"},
+        {"nuvsFIRGetStateSize32fc_16sc", "nuvsFIRGetStateSize_32fc"},
+        {"nuvsFIRGetStateSize64f_16s", "nuvsFIRGetStateSize64f_32f", "nuvsFIRGetStateSize64f_32s",
+         "nuvsFIRGetStateSize_64f"},
+        {"nuvsFIRGetStateSize64fc_16sc", "nuvsFIRGetStateSize64fc_32fc", "nuvsFIRGetStateSize64fc_32sc",
+         "nuvsFIRGetStateSize_64fc"},
+        {"nuvsFIRMRGetStateSize32fc_16sc", "nuvsFIRMRGetStateSize_32fc"},
+        {"nuvsFIRMRGetStateSize64fc_16sc", "nuvsFIRMRGetStateSize64fc_32fc", "nuvsFIRMRGetStateSize64fc_32sc",
+         "nuvsFIRMRGetStateSize_64fc"},
+        {"nuvsFIROne64f_32s_Sfs", "nuvsFIROne_32s_Sfs"},
+        {"nuvsIIRGetStateSize32s_16s32f", "nuvsIIRGetStateSize32s_16s"},
+        {"nuvsIIRGetStateSize32s_BiQuad_16s32f", "nuvsIIRGetStateSize32s_BiQuad_16s"},
+        {"nuvsIIRGetStateSize32sc_16sc32fc", "nuvsIIRGetStateSize32sc_16sc"},
+        {"nuvsIIRGetStateSize32sc_BiQuad_16sc32fc", "nuvsIIRGetStateSize32sc_BiQuad_16sc"},
+        {"nuvsIIRSetTaps32sc_16sc32fc", "nuvsIIRSetTaps_32fc"},
+        {"nuvsRandGaussGetSize_16s", "nuvsRandGaussGetSize_8u"},
+        {"nuvsRandUniformGetSize_16s", "nuvsRandUniformGetSize_32f", "nuvsRandUniformGetSize_8u"},
+    };
+    void* lib = dlopen(NUVS_LIBRARY_PATH, RTLD_NOW | RTLD_NOLOAD);
+    ASSERT_NE(lib, nullptr);
+    int checked = 0;
+    for (const auto& g : groups) {
+        std::vector<void*> fns;
+        for (const char* name : g) fns.push_back(dlsym(lib, name));
+        if (std::count(fns.begin(), fns.end(), nullptr) != 0) continue;
+        ++checked;
+        for (size_t i = 1; i < g.size(); ++i) EXPECT_EQ(fns[i], fns[0]) << g[i] << " is not " << g[0];
+    }
+    EXPECT_GE(checked, 14);
+    dlclose(lib);
+}
+
 // ---- generic argument checks -------------------------------------------------------------
 
 // Arguments for one call: a guarded buffer behind every pointer, benign values for scalars.
