@@ -38,8 +38,9 @@ template <> struct WordT<Nuv32fc> { using type = float; };
 template <> struct WordT<Nuv64fc> { using type = double; };
 template <class C> using WordOf = typename WordT<C>::type;
 
-// Twice a complex count, with no test of its own: the real member refuses what is not positive.
-inline int twice(int len) { return int(unsigned(len) * 2u); }
+// Twice a complex count: a count below 1 stays as it is, so that the real member refuses it after its
+// pointer tests; a positive count past the range of twice wraps negative and is refused the same way.
+inline int twice(int len) { return len < 1 ? len : int(unsigned(len) * 2u); }
 
 inline NuvStatus copyOf(const Nuv32f* s, Nuv32f* d, int len) { return nuvsCopy_32f(s, d, len); }
 inline NuvStatus copyOf(const Nuv64f* s, Nuv64f* d, int len) { return nuvsCopy_64f(s, d, len); }

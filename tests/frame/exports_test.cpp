@@ -244,7 +244,8 @@ class GenericChecks : public ::testing::TestWithParam<Probe> {};
 TEST_P(GenericChecks, NullPointersThenLength) {
     const Probe& p = GetParam();
     const unsigned rule = nt::genericRules().count(p.name) ? nt::genericRules()[p.name] : 0;
-    for (int bad : {0, -1}) {
+    // The most negative lengths too: doubled for a complex count they would wrap to a small positive one.
+    for (int bad : {0, -1, INT_MIN, INT_MIN + 1}) {
         if (bad < 0 && (rule & nt::NoNegativeLen)) continue;
         Call c(p.params, bad, -1);
         EXPECT_EQ(p.run(c), nuvStsSize) << p.name << " len " << bad;
