@@ -166,10 +166,11 @@ struct RuleLTAbs {
         return O::blend(x, raised, O::absLt(x, k[0]));
     }
 };
-// min(x, level) then max(that, -level); NaN gives level.
+// min(x, level) then the larger of -level and that; NaN gives level.  -level goes first so that a
+// tie keeps the clipped value: at level 0 a NaN or positive element gives +0, not -0.
 struct RuleGTAbs {
     template <class O> NUV_INLINE static Vof<O> apply(Vof<O> x, const Vof<O>* k) {
-        return O::max(O::min(x, k[0]), k[1]);
+        return O::max(k[1], O::min(x, k[0]));
     }
 };
 // Below levelLT: valueLT; above levelGT: valueGT; else x.  Both tests are false for NaN, so a NaN

@@ -60,8 +60,10 @@ template <class T> T realModel(Rule r, T x, const Args<T>& a) {
         return ax < l ? (negative ? T(-l) : l) : x;
     }
     case Rule::GTAbs: {
-        T t = nan || !(x < l) ? l : x;
-        return t > T(-l) ? t : T(-l);
+        // A NaN element gives level, also a level of zero: the larger of -0 and +0 is +0.
+        if (nan) return l;
+        T t = x < l ? x : l;
+        return T(-l) > t ? T(-l) : t;
     }
     case Rule::LTInv: {
         if constexpr (std::is_floating_point_v<T>) {
