@@ -131,10 +131,34 @@ NuvStatus conjI(C* pSrcDst, int len) {
     return nuvStsOk;
 }
 
-// pDst[n] = conj(pSrc[len-1-n]): registers read from the end, reversed and conjugated.
+// In place: registers from both ends trade places, each reversed and conjugated; the middle
+// element, if any, is conjugated where it stands.
+template <class C>
+void conjFlipInPlace(C* p, int len) {
+    constexpr int N = 32 / sizeof(C);
+    int i = 0, j = len;  // [i, j) still to do
+    for (; j - i >= 2 * N; i += N, j -= N) {
+        const auto a = ld(p + i), b = ld(p + j - N);
+        st(p + i, conjV(reverse(b)));
+        st(p + j - N, conjV(reverse(a)));
+    }
+    for (; j - i >= 2; ++i, --j) {
+        const C a = p[i], b = p[j - 1];
+        p[i] = conj1(b);
+        p[j - 1] = conj1(a);
+    }
+    if (j > i) p[i] = conj1(p[i]);
+}
+
+// pDst[n] = conj(pSrc[len-1-n]): registers read from the end, reversed and conjugated.  Equal
+// pointers reverse in place, as Flip does.
 template <class C>
 NuvStatus conjFlip(const C* pSrc, C* pDst, int len) {
     if (NuvStatus s = nuv::check(len, pSrc, pDst)) return s;
+    if (pSrc == pDst) {
+        conjFlipInPlace(pDst, len);
+        return nuvStsOk;
+    }
     constexpr int N = 32 / sizeof(C);
     int i = 0;
     for (; i + N <= len; i += N) st(pDst + i, conjV(reverse(ld(pSrc + len - i - N))));

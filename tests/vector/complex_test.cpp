@@ -217,16 +217,19 @@ TYPED_TEST(Moves, PartsAssemblyAndConjugation) {
     for (int len : nt::sweepLengths()) {
         nt::Buf<C> src(len, 8), dst(len, 4), inpl(len, 12);
         nt::Buf<T> re(len, 4), im(len);
-        for (int i = 0; i < len; ++i) fill(src[i]), inpl[i] = src[i];
+        nt::Buf<C> flipInpl(len, 8);
+        for (int i = 0; i < len; ++i) fill(src[i]), inpl[i] = flipInpl[i] = src[i];
         ASSERT_EQ(Api<C>::flip(src.data(), dst.data(), len), nuvStsOk);
+        ASSERT_EQ(Api<C>::flip(flipInpl.data(), flipInpl.data(), len), nuvStsOk);
         ASSERT_EQ(Api<C>::conjI(inpl.data(), len), nuvStsOk);
         ASSERT_EQ(Api<C>::toReal(src.data(), re.data(), im.data(), len), nuvStsOk);
         for (int i = 0; i < len; ++i) {
             ASSERT_TRUE(same(dst[i], conjOf(src[len - 1 - i]))) << len << " " << i;
+            ASSERT_TRUE(same(flipInpl[i], dst[i])) << len << " " << i;
             ASSERT_TRUE(same(inpl[i], conjOf(src[i])));
             ASSERT_TRUE(same(re[i], src[i].re) && same(im[i], src[i].im));
         }
-        ASSERT_TRUE(dst.intact() && inpl.intact() && re.intact() && im.intact());
+        ASSERT_TRUE(dst.intact() && inpl.intact() && flipInpl.intact() && re.intact() && im.intact());
         // one missing source gives 0 in that part; both missing is refused
         ASSERT_EQ(toCplx(re.data(), nullptr, dst.data(), len), nuvStsOk);
         for (int i = 0; i < len; ++i) ASSERT_TRUE(same(dst[i], C{re[i], T(0)}));
