@@ -133,6 +133,7 @@ struct Arr {
     const T* p;
     NUV_INLINE typename Simd<T>::V vec(int w) const { return Simd<T>::load(p + w); }
     NUV_INLINE T one(int i) const { return p[i]; }
+    NUV_INLINE bool reads(const void* d) const { return p == d; }
 };
 // One real constant for every element.
 template <class T>
@@ -142,6 +143,7 @@ struct Bcast {
     explicit Bcast(T x) : v(Simd<T>::set1(x)), c(x) {}
     NUV_INLINE typename Simd<T>::V vec(int) const { return v; }
     NUV_INLINE T one(int) const { return c; }
+    NUV_INLINE bool reads(const void*) const { return false; }
 };
 // An array of complex elements as interleaved words.
 template <class T>
@@ -149,6 +151,7 @@ struct ArrC {
     const T* p;
     NUV_INLINE typename Simd<T>::V vec(int w) const { return Simd<T>::load(p + w); }
     NUV_INLINE typename Half<T>::V half(int i) const { return Half<T>::loadPair(p + 2 * i); }
+    NUV_INLINE bool reads(const void* d) const { return p == d; }
 };
 // One complex constant for every element.
 template <class T>
@@ -161,6 +164,7 @@ struct BcastC {
     }
     NUV_INLINE typename Simd<T>::V vec(int) const { return v; }
     NUV_INLINE typename Half<T>::V half(int) const { return h; }
+    NUV_INLINE bool reads(const void*) const { return false; }
 };
 // Real floats, each widened to a (x, x) pair, so a real array multiplies a complex one word by word.
 struct ArrRealAsPairs {
@@ -170,21 +174,44 @@ struct ArrRealAsPairs {
         return _mm256_permutevar8x32_ps(four, _mm256_setr_epi32(0, 0, 1, 1, 2, 2, 3, 3));
     }
     NUV_INLINE __m128 half(int i) const { return _mm_set1_ps(p[i]); }
+    NUV_INLINE bool reads(const void* d) const { return p == d; }
 };
 
 // ---------------------------------------------------------------- loop shapes
-// Real element-wise map d[i] = op(s[i]...) under plan P; `peelAt` is the address whose
-// alignment decides the peel (the destination, except where a member peels on its source).
+// Whether a map writes its destination around the caches: a destination of kStreamFrom bytes or
+// more that no source reads.  Streaming avoids reading each destination line before it is written;
+// an array that is also a source is in the cache already, and streaming it back would cost.
+template <class... Src>
+NUV_INLINE bool streamsTo(const void* d, size_t bytes, const Src&... s) {
+    return bytes >= kStreamFrom && !(s.reads(d) || ...);
+}
+
+// Element-wise map under plan P with the destination `d` in words: `vec(i, put)` computes the
+// registers of step i and hands each to `put`, `one(i)` does element i alone.  `peelAt` is the
+// address whose alignment decides the peel (the destination, except where a member peels on its
+// source); a streaming run peels on the destination, so that every register store is aligned.
+template <BlockPlan P, size_t ElemSize, class T, class Vec, class One, class... Src>
+NUV_INLINE void ownsMapRun(const void* peelAt, T* d, int len, Vec vec, One one, const Src&... s) {
+    using V = typename Simd<T>::V;
+    if (streamsTo(d, size_t(len) * ElemSize, s...)) {
+        blocked<P, ElemSize>(d, len, [&](int i) { vec(i, [](T* p, V v) { Simd<T>::stream(p, v); }); }, one);
+        _mm_sfence();
+    } else {
+        blocked<P, ElemSize>(peelAt, len, [&](int i) { vec(i, [](T* p, V v) { Simd<T>::store(p, v); }); }, one);
+    }
+}
+
+// Real element-wise map d[i] = op(s[i]...) under plan P.
 template <BlockPlan P, class T, class Op, class... Src>
 NUV_INLINE void ownsMap(const void* peelAt, T* d, int len, Op op, Src... s) {
     using S = Simd<T>;
     static_assert(P.tail % S::N == 0);
-    blocked<P, sizeof(T)>(
-        peelAt, len,
-        [&](int i) {
-            for (int r = 0; r < P.tail; r += S::N) S::store(d + i + r, op(s.vec(i + r)...));
+    ownsMapRun<P, sizeof(T)>(
+        peelAt, d, len,
+        [&](int i, auto put) {
+            for (int r = 0; r < P.tail; r += S::N) put(d + i + r, op(s.vec(i + r)...));
         },
-        [&](int i) { d[i] = op(s.one(i)...); });
+        [&](int i) { d[i] = op(s.one(i)...); }, s...);
 }
 
 // One complex element: every source pair is read before either part of the result is written.
@@ -198,12 +225,12 @@ template <BlockPlan P, class T, class Op, class... Src>
 NUV_INLINE void ownsMapC(const void* peelAt, T* d, int len, Op op, Src... s) {
     using S = Simd<T>;
     static_assert((2 * P.tail) % S::N == 0);
-    blocked<P, 2 * sizeof(T)>(
-        peelAt, len,
-        [&](int i) {
-            for (int r = 0; r < 2 * P.tail; r += S::N) S::store(d + 2 * i + r, op(s.vec(2 * i + r)...));
+    ownsMapRun<P, 2 * sizeof(T)>(
+        peelAt, d, len,
+        [&](int i, auto put) {
+            for (int r = 0; r < 2 * P.tail; r += S::N) put(d + 2 * i + r, op(s.vec(2 * i + r)...));
         },
-        [&](int i) { ownsOnePair(d, i, op, s...); });
+        [&](int i) { ownsOnePair(d, i, op, s...); }, s...);
 }
 
 // Plain ascending run, one element at a time: the result of element-by-element processing for
