@@ -33,8 +33,10 @@ GLIBC_TUNABLES=glibc.cpu.hwcaps=-AVX512F,-AVX512VL,-AVX512BW,-AVX512DQ,-AVX512CD
   echo
   python3 tools/bench_ratio.py build-bench/vector.json _avx2=build-bench/vector_libc_avx2.json
   echo
-  echo "Notes. Rows at 4194304 elements stream from memory: every implementation runs at the same"
-  echo "bandwidth there, and ratios within a few percent of 1.0 change sign from run to run. Rows at 256"
+  echo "Notes. Rows at 4194304 elements stream from memory. Copy and the float maps (Add, Mul, Mul_32fc)"
+  echo "write such destinations around the caches and save the read of each destination line that"
+  echo "ordinary stores make; elsewhere every implementation runs at the same bandwidth there, and"
+  echo "ratios within a few percent of 1.0 change sign from run to run. Rows at 256"
   echo "and 4096 elements run in the first-level cache, where loads and stores are the limit: libc's"
   echo "memmove and memset (and the Zero and Move loops, which the compiler turns into calls to them) and"
   echo "VOLK use 64-byte AVX-512 registers here, half the memory operations per byte of any AVX2 code;"
