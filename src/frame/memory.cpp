@@ -5,8 +5,9 @@
 
 namespace {
 
-// The byte count is formed in 32-bit arithmetic
-// without an overflow test: an overflowing len passes a wrapped size on, as it must.
+// The byte count is formed in 32-bit arithmetic without an overflow test: an overflowing len
+// passes a wrapped size on, as it must.  Members of one element size are one function (aliases
+// below).
 template <int Bytes>
 void* allocElems(int len) {
     if (len < 1) return nullptr;
