@@ -178,27 +178,26 @@ struct ArrRealAsPairs {
 };
 
 // ---------------------------------------------------------------- loop shapes
-// Whether a map writes its destination around the caches: a destination of kStreamFrom bytes or
-// more that no source reads.  Streaming avoids reading each destination line before it is written;
-// an array that is also a source is in the cache already, and streaming it back would cost.
-template <class... Src>
-NUV_INLINE bool streamsTo(const void* d, size_t bytes, const Src&... s) {
-    return bytes >= kStreamFrom && !(s.reads(d) || ...);
-}
-
 // Element-wise map under plan P with the destination `d` in words: `vec(i, put)` computes the
 // registers of step i and hands each to `put`, `one(i)` does element i alone.  `peelAt` is the
 // address whose alignment decides the peel (the destination, except where a member peels on its
-// source); a streaming run peels on the destination, so that every register store is aligned.
+// source).
+//
+// A destination of kStreamFrom bytes or more that no source reads is written around the caches:
+// that saves reading each destination line before it is written.  An array that is also a source
+// is in the cache already, and streaming it back would cost.  A streaming run peels on the
+// destination, so that every register store is aligned.
 template <BlockPlan P, size_t ElemSize, class T, class Vec, class One, class... Src>
 NUV_INLINE void ownsMapRun(const void* peelAt, T* d, int len, Vec vec, One one, const Src&... s) {
     using V = typename Simd<T>::V;
-    if (streamsTo(d, size_t(len) * ElemSize, s...)) {
-        blocked<P, ElemSize>(d, len, [&](int i) { vec(i, [](T* p, V v) { Simd<T>::stream(p, v); }); }, one);
-        _mm_sfence();
-    } else {
-        blocked<P, ElemSize>(peelAt, len, [&](int i) { vec(i, [](T* p, V v) { Simd<T>::store(p, v); }); }, one);
+    if (len >= int(kStreamFrom / ElemSize)) [[unlikely]] {
+        if (!(s.reads(d) || ...)) {
+            blocked<P, ElemSize>(d, len, [&](int i) { vec(i, [](T* p, V v) { Simd<T>::stream(p, v); }); }, one);
+            _mm_sfence();
+            return;
+        }
     }
+    blocked<P, ElemSize>(peelAt, len, [&](int i) { vec(i, [](T* p, V v) { Simd<T>::store(p, v); }); }, one);
 }
 
 // Real element-wise map d[i] = op(s[i]...) under plan P.
