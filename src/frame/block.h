@@ -42,10 +42,12 @@ template <BlockPlan P, size_t ElemSize>
     if (len < P.scalarBelow) return {0, 0, false};
     int peel = 0;
     if (len >= P.noPeelBelow) {
-        const size_t r = reinterpret_cast<uintptr_t>(dst) % 32;
-        if (r % ElemSize) return {0, 0, false};
-        peel = r ? int((32 - r) / ElemSize) : 0;
-        if (len < peel + P.block) return {0, 0, false};
+        // An aligned destination (the allocator's, for one) goes straight through.
+        if (const size_t r = reinterpret_cast<uintptr_t>(dst) % 32; r != 0) [[unlikely]] {
+            if (r % ElemSize) return {0, 0, false};
+            peel = int((32 - r) / ElemSize);
+            if (len < peel + P.block) return {0, 0, false};
+        }
     }
     return {peel, len - (len - peel) % P.block, true};
 }
