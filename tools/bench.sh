@@ -42,6 +42,9 @@ GLIBC_TUNABLES=glibc.cpu.hwcaps=-AVX512F,-AVX512VL,-AVX512BW,-AVX512DQ,-AVX512CD
   echo "VOLK use 64-byte AVX-512 registers here, half the memory operations per byte of any AVX2 code;"
   echo "capped at AVX2 (the _avx2 columns) they fall level or behind. Zero and Set at 256 elements (1 KiB)"
   echo "make the same 32 stores as memset; the few percent between them are the argument checks and the"
-  echo "call path around those stores, and move with code layout."
+  echo "call path around those stores, and move with code layout. Rows that take a few nanoseconds"
+  echo "(256 elements) also change by up to 15 % from one process to the next: with the address space"
+  echo "laid out at random per process, a call sometimes lands where the processor's branch tables"
+  echo "hold other code (Zero_32f/256 runs at 6.3 or 7.4 ns by process; under setarch -R, steadily 6.4)."
 } > bench/RESULTS.md
 cat bench/RESULTS.md
