@@ -43,8 +43,8 @@ GLIBC_TUNABLES=glibc.cpu.hwcaps=-AVX512F,-AVX512VL,-AVX512BW,-AVX512DQ,-AVX512CD
   echo "capped at AVX2 (the _avx2 columns) they fall level or behind. Zero and Set at 256 elements (1 KiB)"
   echo "make the same 32 stores as memset; the few percent between them are the argument checks and the"
   echo "call path around those stores, and move with code layout. Rows that take a few nanoseconds"
-  echo "(256 elements) also change by up to 15 % from one process to the next: with the address space"
-  echo "laid out at random per process, a call sometimes lands where the processor's branch tables"
-  echo "hold other code (Zero_32f/256 runs at 6.3 or 7.4 ns by process; under setarch -R, steadily 6.4)."
+  echo "(256 elements) also change by up to 15 % from one process to the next, with the address-space"
+  echo "layout that each process gets at random: Zero_32f/256 runs at 6.3 or at 7.4 ns by process, and"
+  echo "steadily at 6.4 with the layout fixed (setarch -R)."
 } > bench/RESULTS.md
 cat bench/RESULTS.md
